@@ -189,8 +189,12 @@ SOREL_ENUM(RadioLoopback){
 
 /* CPRI line-rate option, by its number in the CPRI specification V7.0 section 4.2.1. */
 SOREL_ENUM(RadioCpriRate){
-    RADIO_CPRI_RATE_1 = 1, /* 614.4 Mbit/s */ RADIO_CPRI_RATE_2 = 2,  RADIO_CPRI_RATE_4 = 4,
-    RADIO_CPRI_RATE_5 = 5, /* 4915.2 Mbit/s */ RADIO_CPRI_RATE_8 = 8, RADIO_CPRI_RATE_10 = 10,
+    RADIO_CPRI_RATE_1 = 1,   /* 614.4 Mbit/s */
+    RADIO_CPRI_RATE_2 = 2,   /* 1228.8 Mbit/s */
+    RADIO_CPRI_RATE_4 = 4,   /* 3072.0 Mbit/s */
+    RADIO_CPRI_RATE_5 = 5,   /* 4915.2 Mbit/s */
+    RADIO_CPRI_RATE_8 = 8,   /* 10137.6 Mbit/s */
+    RADIO_CPRI_RATE_10 = 10, /* 24330.24 Mbit/s */
 };
 
 /* Digital data interface between the front end and the baseband. */
