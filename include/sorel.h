@@ -37,11 +37,12 @@
  * enumeration's underlying type, and makes one without a negative member unsigned; so there the
  * type of that name is int32_t itself, and the enumeration only lends it the members. */
 #ifdef __cplusplus
-#define SOREL_ENUM(name) enum name : int32_t
+#define SOREL_INT32 : int32_t
 #else
-#define SOREL_ENUM(name)                                                                           \
-    typedef int32_t name;                                                                          \
-    enum name
+#define SOREL_INT32
+typedef int32_t RadioReturn, RadioDebug, RadioConf, RadioMode, RadioBand, RadioState;
+typedef int32_t RadioRxGainMode, RadioTxAntenna, RadioRxAntenna, RadioSelectIndex;
+typedef int32_t RadioPlatformSelectIndex, RadioLoopback, RadioCpriRate, RadioInterfaceMode;
 #endif
 
 #define SOREL_API __attribute__((visibility("default")))
@@ -62,7 +63,7 @@ typedef struct RadioHooks {
 } RadioHooks;
 
 /* Status of a call. */
-SOREL_ENUM(RadioReturn){
+enum RadioReturn SOREL_INT32 {
     RADIO_ESUCCESS = 0, /* done */
     RADIO_EIO = 1,      /* the hardware did not answer */
     RADIO_ENOTSUP = 2,  /* not supported by the platform */
@@ -72,7 +73,7 @@ SOREL_ENUM(RadioReturn){
 };
 
 /* Verbosity of the driver's debug messages; each level includes those before it. */
-SOREL_ENUM(RadioDebug){
+enum RadioDebug SOREL_INT32 {
     RADIO_DEBUG_NONE = 0,  /* no messages */
     RADIO_DEBUG_ERROR = 1, /* why a call failed */
     RADIO_DEBUG_WARN = 2,  /* what succeeded but looks wrong */
@@ -82,7 +83,7 @@ SOREL_ENUM(RadioDebug){
 };
 
 /* Antenna configuration. */
-SOREL_ENUM(RadioConf){
+enum RadioConf SOREL_INT32 {
     RADIO_CONF_SISO = 0,    /* one transmit and one receive antenna: the first of each */
     RADIO_CONF_MIMO = 1,    /* two transmit and two receive antennas */
     RADIO_CONF_COUNT = 2,   /* number of configurations */
@@ -93,7 +94,7 @@ SOREL_ENUM(RadioConf){
 /* Air-interface mode. NODEB: base station, transmits the downlink and receives the uplink. UERX:
  * terminal receiver, the other way round. 2G: GSM, 3G: UTRA FDD, 4G: LTE with its channel
  * bandwidth, TD_SCDMA: UTRA TDD, 1.28 Mchip/s. */
-SOREL_ENUM(RadioMode){
+enum RadioMode SOREL_INT32 {
     RADIO_MODE_3GNODEB = 0,
     RADIO_MODE_2GUERX = 1,
     RADIO_MODE_3GUERX = 2,
@@ -120,34 +121,65 @@ SOREL_ENUM(RadioMode){
 /* Operating band. 1 to 25 and 33 to 43: the number in 3GPP TS 36.101 table 5.5-1 and TS 25.101
  * table 5.0 (33 and up are unpaired, for TDD). GSM: 3GPP TS 45.005 section 2. 252 to 255 are not
  * band numbers of those tables. */
-SOREL_ENUM(RadioBand){
-    RADIO_BAND_1 = 1,         RADIO_BAND_2 = 2,        RADIO_BAND_3 = 3,     RADIO_BAND_4 = 4,
-    RADIO_BAND_5 = 5,         RADIO_BAND_6 = 6,        RADIO_BAND_7 = 7,     RADIO_BAND_8 = 8,
-    RADIO_BAND_9 = 9,         RADIO_BAND_10 = 10,      RADIO_BAND_11 = 11,   RADIO_BAND_12 = 12,
-    RADIO_BAND_13 = 13,       RADIO_BAND_14 = 14,      RADIO_BAND_15 = 15,   RADIO_BAND_16 = 16,
-    RADIO_BAND_17 = 17,       RADIO_BAND_18 = 18,      RADIO_BAND_19 = 19,   RADIO_BAND_20 = 20,
-    RADIO_BAND_21 = 21,       RADIO_BAND_22 = 22,      RADIO_BAND_23 = 23,   RADIO_BAND_24 = 24,
-    RADIO_BAND_25 = 25,       RADIO_BAND_33 = 33,      RADIO_BAND_34 = 34,   RADIO_BAND_35 = 35,
-    RADIO_BAND_36 = 36,       RADIO_BAND_37 = 37,      RADIO_BAND_38 = 38,   RADIO_BAND_39 = 39,
-    RADIO_BAND_40 = 40,       RADIO_BAND_41 = 41,      RADIO_BAND_42 = 42,   RADIO_BAND_43 = 43,
-    RADIO_BAND_GSM_850 = 44,  RADIO_BAND_GSM_900 = 45, /* P-GSM 900 */
-    RADIO_BAND_GSM_900E = 46,                          /* E-GSM 900 */
-    RADIO_BAND_GSM_1800 = 47,                          /* DCS 1800 */
-    RADIO_BAND_GSM_1900 = 48,                          /* PCS 1900 */
-    RADIO_BAND_252 = 252,     RADIO_BAND_253 = 253,    RADIO_BAND_254 = 254, RADIO_BAND_255 = 255,
+enum RadioBand SOREL_INT32 {
+    RADIO_BAND_1 = 1,
+    RADIO_BAND_2 = 2,
+    RADIO_BAND_3 = 3,
+    RADIO_BAND_4 = 4,
+    RADIO_BAND_5 = 5,
+    RADIO_BAND_6 = 6,
+    RADIO_BAND_7 = 7,
+    RADIO_BAND_8 = 8,
+    RADIO_BAND_9 = 9,
+    RADIO_BAND_10 = 10,
+    RADIO_BAND_11 = 11,
+    RADIO_BAND_12 = 12,
+    RADIO_BAND_13 = 13,
+    RADIO_BAND_14 = 14,
+    RADIO_BAND_15 = 15,
+    RADIO_BAND_16 = 16,
+    RADIO_BAND_17 = 17,
+    RADIO_BAND_18 = 18,
+    RADIO_BAND_19 = 19,
+    RADIO_BAND_20 = 20,
+    RADIO_BAND_21 = 21,
+    RADIO_BAND_22 = 22,
+    RADIO_BAND_23 = 23,
+    RADIO_BAND_24 = 24,
+    RADIO_BAND_25 = 25,
+    RADIO_BAND_33 = 33,
+    RADIO_BAND_34 = 34,
+    RADIO_BAND_35 = 35,
+    RADIO_BAND_36 = 36,
+    RADIO_BAND_37 = 37,
+    RADIO_BAND_38 = 38,
+    RADIO_BAND_39 = 39,
+    RADIO_BAND_40 = 40,
+    RADIO_BAND_41 = 41,
+    RADIO_BAND_42 = 42,
+    RADIO_BAND_43 = 43,
+    RADIO_BAND_GSM_850 = 44,
+    RADIO_BAND_GSM_900 = 45,  /* P-GSM 900 */
+    RADIO_BAND_GSM_900E = 46, /* E-GSM 900 */
+    RADIO_BAND_GSM_1800 = 47, /* DCS 1800 */
+    RADIO_BAND_GSM_1900 = 48, /* PCS 1900 */
+    RADIO_BAND_252 = 252,
+    RADIO_BAND_253 = 253,
+    RADIO_BAND_254 = 254,
+    RADIO_BAND_255 = 255,
     RADIO_BAND_COUNT = 256,   /* one past the highest band */
     RADIO_BAND_INVALID = 256, /* no band */
     RADIO_BAND_NULL = -1,     /* no value */
 };
 
 /* Whether a transmitter or receiver is switched on. */
-SOREL_ENUM(RadioState){
+enum RadioState SOREL_INT32 {
     RADIO_STATE_DISABLE = 0,
     RADIO_STATE_ENABLE = 1,
 };
 
 /* Who sets the receiver's gain. */
-SOREL_ENUM(RadioRxGainMode){
+enum RadioRxGainMode SOREL_INT32 {
     RADIO_RX_GAIN_MGC = 0,             /* manual: radioSetRxGain() */
     RADIO_RX_GAIN_AGC_FAST = 1,        /* automatic, fast attack */
     RADIO_RX_GAIN_AGC_SLOW = 2,        /* automatic, slow attack */
@@ -155,40 +187,44 @@ SOREL_ENUM(RadioRxGainMode){
 };
 
 /* Transmit antenna. The first has the value 0. */
-SOREL_ENUM(RadioTxAntenna){
+enum RadioTxAntenna SOREL_INT32 {
     RADIO_TX_ANTENNA_1 = 0,
     RADIO_TX_ANTENNA_2 = 1,
 };
 
 /* Receive antenna. The first has the value 0. */
-SOREL_ENUM(RadioRxAntenna){
+enum RadioRxAntenna SOREL_INT32 {
     RADIO_RX_ANTENNA_1 = 0,
     RADIO_RX_ANTENNA_2 = 1,
 };
 
 /* Paths of the front end: a path is a transmit and a receive antenna with what lies behind them. */
-SOREL_ENUM(RadioSelectIndex){
+enum RadioSelectIndex SOREL_INT32 {
     RADIO_SELECT_0 = 0,   /* path 0: the first antennas */
     RADIO_SELECT_1 = 1,   /* path 1: the second antennas */
     RADIO_SELECT_ALL = 2, /* both */
 };
 
 /* Hardware platform. */
-SOREL_ENUM(RadioPlatformSelectIndex){
+enum RadioPlatformSelectIndex SOREL_INT32 {
     RADIO_PLATFORM_DEFAULT = 0, /* the driver's choice */
-    RADIO_PLATFORM_TALWIN = 1,  RADIO_PLATFORM_MERRIK = 2, RADIO_PLATFORM_OSTRAV = 3,
-    RADIO_PLATFORM_BELLAN = 4,  RADIO_PLATFORM_COUNT = 5, /* number of platforms */
-    RADIO_PLATFORM_NULL = -1,                             /* no value */
+    RADIO_PLATFORM_TALWIN = 1,
+    RADIO_PLATFORM_MERRIK = 2,
+    RADIO_PLATFORM_OSTRAV = 3,
+    RADIO_PLATFORM_BELLAN = 4,
+    RADIO_PLATFORM_COUNT = 5, /* number of platforms */
+    RADIO_PLATFORM_NULL = -1, /* no value */
 };
 
 /* Digital loopback inside the front end. */
-SOREL_ENUM(RadioLoopback){
-    RADIO_NO_LOOPBACK = 0, RADIO_TX_TO_RX_LOOPBACK = 1, /* what is transmitted is received */
-    RADIO_RX_TO_TX_LOOPBACK = 2,                        /* what is received is transmitted */
+enum RadioLoopback SOREL_INT32 {
+    RADIO_NO_LOOPBACK = 0,
+    RADIO_TX_TO_RX_LOOPBACK = 1, /* what is transmitted is received */
+    RADIO_RX_TO_TX_LOOPBACK = 2, /* what is received is transmitted */
 };
 
 /* CPRI line-rate option, by its number in the CPRI specification V7.0 section 4.2.1. */
-SOREL_ENUM(RadioCpriRate){
+enum RadioCpriRate SOREL_INT32 {
     RADIO_CPRI_RATE_1 = 1,   /* 614.4 Mbit/s */
     RADIO_CPRI_RATE_2 = 2,   /* 1228.8 Mbit/s */
     RADIO_CPRI_RATE_4 = 4,   /* 3072.0 Mbit/s */
@@ -198,7 +234,7 @@ SOREL_ENUM(RadioCpriRate){
 };
 
 /* Digital data interface between the front end and the baseband. */
-SOREL_ENUM(RadioInterfaceMode){
+enum RadioInterfaceMode SOREL_INT32 {
     RADIO_INTERFACE_JESD_CMOS = 0, /* JESD207, CMOS levels */
     RADIO_INTERFACE_JESD_LVDS = 1, /* JESD207, LVDS levels */
     RADIO_INTERFACE_CPRI = 2,
@@ -387,6 +423,6 @@ SOREL_API RadioReturn radioSetDebugFile(RadioContext *context, FILE *file);
 #endif
 
 #undef SOREL_API
-#undef SOREL_ENUM
+#undef SOREL_INT32
 
 #endif

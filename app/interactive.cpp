@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#include "app/interactive.h"
+
+#include "binding/runtime/assertion.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <lua.hpp>
+
+namespace
+{
+
+constexpr int lineSize = 200;
+
+const char *const exitWords[] = {"exit\n", "quit\n", "exit()\n", "quit()\n"};
+
+bool isExitWord(const char *line)
+{
+    for (const char *const word : exitWords) {
+        if (std::strcmp(line, word) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// A failing text leaves its error value on the Lua stack.
+void runText(lua_State *L, const char *text)
+{
+    if (luaL_loadbuffer(L, text, std::strlen(text), "stdin") != 0 || lua_pcall(L, 0, 0, 0) != 0) {
+        std::fprintf(stderr, "failed to process stdin: \"%s\"\n", lua_tostring(L, -1));
+    }
+}
+
+void runLine(lua_State *L, const char *line)
+{
+    if (std::strcmp(line, "help\n") == 0) {
+        runText(L, "help()");
+    } else if (std::strcmp(line, "\n") != 0) {
+        runText(L, line);
+    }
+}
+
+} // namespace
+
+char *cmdGetLine()
+{
+    auto *const input = static_cast<char *>(std::malloc(lineSize));
+    if (input == nullptr) {
+        std::puts("error: no memory to allocate cmd input buffer...");
+        return nullptr;
+    }
+    std::printf("sorelapp> ");
+    int count = 0;
+    for (;;) {
+        // The end of the input reads as the byte 0xff, again and again, until the buffer is full.
+        const auto byte = static_cast<unsigned char>(std::getc(stdin));
+        input[count] = static_cast<char>(byte);
+        if (byte == '\0') {
+            return input;
+        }
+        ++count;
+        assertThat(count < lineSize, "read - input < inLen", "app/sorelapp", 262, "cmdGetLine");
+        if (byte == '\n') {
+            input[count] = '\0';
+            return input;
+        }
+    }
+}
+
+void cmdFreeLine(char *line)
+{
+    std::free(line);
+}
+
+void runInteractive(lua_State *L)
+{
+    for (;;) {
+        char *const line = cmdGetLine();
+        if (line == nullptr) {
+            std::putchar('\n');
+            return;
+        }
+        const bool leave = isExitWord(line);
+        if (!leave) {
+            runLine(L, line);
+        }
+        cmdFreeLine(line);
+        if (leave) {
+            return;
+        }
+    }
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#include "app/options.h"
+
+// Read by argp for its own help and version options.
+const char *argp_program_version = "libsorel " SORELAPP_VERSION;
+const char *argp_program_bug_address = "sorelapp@example.com";
+
+namespace
+{
+
+const argp_option options[] = {
+    {"batch", 'b', "FILE", 0, "Process a script file", 0},
+    {"command", 'c', "COMMAND", 0, "Run a single command", 0},
+    {"interactive", 'i', nullptr, 0, "Run in interactive mode", 0},
+    {"version", 'v', nullptr, 0, "Print program version and license", 0},
+    {nullptr, 0, nullptr, 0, nullptr, 0},
+};
+
+// Judges the final values only, so that the order of the options matters: -i takes the interactive
+// mode back that an earlier -b or -c has cleared, and the other way round.
+bool isConsistent(const AppArgs &args)
+{
+    return (!args.interactive && args.batchFile == nullptr) || args.command == nullptr;
+}
+
+error_t parseOpt(int key, char *argument, argp_state *state)
+{
+    AppArgs &args = *static_cast<AppArgs *>(state->input);
+    switch (key) {
+    case 'i':
+        args.interactive = true;
+        return 0;
+    case 'b':
+        args.batchFile = argument;
+        args.interactive = false;
+        return 0;
+    case 'c':
+        args.command = argument;
+        args.interactive = false;
+        return 0;
+    case 'v':
+        args.version = true;
+        return 0;
+    case ARGP_KEY_END:
+        if (state->arg_num > 0 || !isConsistent(args)) {
+            argp_usage(state);
+        }
+        return 0;
+    default:
+        return ARGP_ERR_UNKNOWN;
+    }
+}
+
+const argp parser = {
+    options, parseOpt, nullptr, "sorelapp -- Lua wrapper for libsorel", nullptr, nullptr, nullptr,
+};
+
+} // namespace
+
+error_t parseCommandLine(int argc, char **argv, AppArgs &args)
+{
+    return argp_parse(&parser, argc, argv, 0, nullptr, &args);
+}

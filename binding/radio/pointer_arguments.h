@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// Arguments that are native pointers.
+#pragma once
+
+#include "binding/radio/errors.h"
+#include "binding/radio/types.h"
+#include "binding/runtime/pointer_objects.h"
+
+// Raises the type error, which quotes expected, unless the value at index is a userdata or nil.
+inline void checkUserdataOrNil(lua_State *L, const char *name, int index, const char *expected)
+{
+    if (!lua_isuserdata(L, index) && !lua_isnil(L, index)) {
+        raiseArgumentType(L, name, index, expected, index);
+    }
+}
+
+// The native pointer of the value at index; null for nil. Raises the type error for one that is no
+// pointer object of that type. Where the message counts the driver function's parameters instead of
+// the Lua arguments, position differs from index, and the type that it names is that of the value
+// at position.
+inline void *toNativePointer(lua_State *L, const char *name, int index, int position,
+                             TypePosition type)
+{
+    void *pointer = nullptr;
+    TypeRecord *const expected = radioTypes[type];
+    if (SWIG_Lua_ConvertPtr(L, index, &pointer, expected) != 0) {
+        const char *const display = expected->str != nullptr ? expected->str : "void*";
+        raiseArgumentType(L, name, position, display, position);
+    }
+    return pointer;
+}
