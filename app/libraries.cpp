@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "app/libraries.h"
 
+#include <cstring>
 #include <lua.hpp>
 
 // The headers that come with the two libraries lack C linkage for C++; LuaSocket's also includes
@@ -41,18 +42,40 @@ void offerSocket202(lua_State *L, int core)
     lua_setglobal(L, "socket");
 }
 
-// Lets `require "socket"` extend this table where LuaSocket's Lua part is installed, in place of
-// loading a core of its own. A core that registered itself under the name of the Lua part would
-// keep it from being loaded.
+int loadSocketCore(lua_State *L)
+{
+    lua_getglobal(L, "package");
+    lua_getfield(L, -1, "loaded");
+    lua_getfield(L, -1, "socket.core");
+    return 1;
+}
+
+int searchSocketCore(lua_State *L)
+{
+    if (std::strcmp(luaL_checkstring(L, 1), "socket") != 0) {
+        return 0;
+    }
+    lua_pushcclosure(L, loadSocketCore, 0);
+    return 1;
+}
+
+// Lets `require "socket"` give this table, extended by LuaSocket's Lua part where that is
+// installed, in place of loading a second core.
 void shareWithRequire(lua_State *L, int core)
 {
     lua_getglobal(L, "package");
     lua_getfield(L, -1, "loaded");
     lua_pushvalue(L, core);
     lua_setfield(L, -2, "socket.core");
+    // A core that has registered itself under the Lua part's name would keep it from being loaded.
     lua_pushnil(L);
     lua_setfield(L, -2, "socket");
-    lua_pop(L, 2);
+
+    // The last resort, after all paths have been searched for the Lua part.
+    lua_getfield(L, -2, "loaders");
+    lua_pushcclosure(L, searchSocketCore, 0);
+    lua_rawseti(L, -2, static_cast<int>(lua_objlen(L, -2)) + 1);
+    lua_pop(L, 3);
 }
 
 } // namespace
@@ -66,17 +89,19 @@ void openBitLibrary(lua_State *L)
 
 void openSocketLibrary(lua_State *L)
 {
+    const int top = lua_gettop(L);
     lua_pushcclosure(L, luaopen_socket_core, 0);
     lua_pushliteral(L, "luasocket");
     lua_call(L, 1, 1);
     lua_getglobal(L, "socket");
     if (lua_isnil(L, -1)) {
-        lua_pop(L, 1);
+        lua_pop(L, 1); // it has only returned its table
     }
-    const int core = lua_gettop(L);
-    offerSocket202(L, core);
-    shareWithRequire(L, core);
-    lua_pop(L, 1);
+    if (const int core = lua_gettop(L); lua_istable(L, core)) {
+        offerSocket202(L, core);
+        shareWithRequire(L, core);
+    }
+    lua_settop(L, top);
 }
 
 void keepLoadedLibraries(lua_State *L)
