@@ -42,20 +42,20 @@ void offerSocket202(lua_State *L, int core)
     lua_setglobal(L, "socket");
 }
 
-int loadSocketCore(lua_State *L)
+// A loader of modules, and what it finds; the upvalue of both is LuaSocket's core.
+int returnCore(lua_State *L)
 {
-    lua_getglobal(L, "package");
-    lua_getfield(L, -1, "loaded");
-    lua_getfield(L, -1, "socket.core");
+    lua_pushvalue(L, lua_upvalueindex(1));
     return 1;
 }
 
-int searchSocketCore(lua_State *L)
+int searchCore(lua_State *L)
 {
     if (std::strcmp(luaL_checkstring(L, 1), "socket") != 0) {
         return 0;
     }
-    lua_pushcclosure(L, loadSocketCore, 0);
+    lua_pushvalue(L, lua_upvalueindex(1));
+    lua_pushcclosure(L, returnCore, 1);
     return 1;
 }
 
@@ -73,7 +73,8 @@ void shareWithRequire(lua_State *L, int core)
 
     // The last resort, after all paths have been searched for the Lua part.
     lua_getfield(L, -2, "loaders");
-    lua_pushcclosure(L, searchSocketCore, 0);
+    lua_pushvalue(L, core);
+    lua_pushcclosure(L, searchCore, 1);
     lua_rawseti(L, -2, static_cast<int>(lua_objlen(L, -2)) + 1);
     lua_pop(L, 3);
 }

@@ -8,8 +8,12 @@
 namespace
 {
 
-#define RULE                                                                                       \
-    "    ===============================================================================" // 79
+// clang-format off
+#define RULE "    ==============================================================================="
+#define LUA_NOTICE "    " LUA_RELEASE ": Copyright (C) 1994-2012 Lua.org, PUC-Rio."
+#define LUABITOP_NOTICE "    Lua BitOp " LUABITOP_VERSION ": Copyright (C) 2008-2012 Mike Pall."
+#define LUASOCKET_NOTICE "    LuaSocket " LUASOCKET_VERSION ": Copyright (C) 2004-2022 Diego Nehab."
+// clang-format on
 
 const char *const lines[] = {
     // clang-format off
@@ -18,9 +22,9 @@ const char *const lines[] = {
     "sorelapp is linked to Lua, BitOp, and LuaSocket. These open source packages are",
     "licensed under MIT:",
     RULE,
-    "    " LUA_RELEASE ": Copyright (C) 1994-2012 Lua.org, PUC-Rio.",
-    "    Lua BitOp " LUABITOP_VERSION ": Copyright (C) 2008-2012 Mike Pall.",
-    "    LuaSocket " LUASOCKET_VERSION ": Copyright (C) 2004-2022 Diego Nehab.",
+    LUA_NOTICE,
+    LUABITOP_NOTICE,
+    LUASOCKET_NOTICE,
     "    ",
     "    Permission is hereby granted, free of charge, to any person obtaining a copy",
     "    of this software and associated documentation files (the \"Software\"), to deal",

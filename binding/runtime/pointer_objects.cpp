@@ -51,7 +51,7 @@ bool isSharedType(lua_State *L, const TypeRecord *type)
 // told by their metatables: a pointer object has that of its class, or none.
 TypeRecord *typeOfUserdata(lua_State *L, int index)
 {
-    auto *const block = static_cast<TypeRecord **>(blockOfSize(L, index, sizeof(TypeRecord *)));
+    auto *const block = static_cast<TypeRecord **>(blockOfSize(L, index, sizeof(void *)));
     if (block == nullptr || *block == nullptr) {
         return nullptr;
     }
