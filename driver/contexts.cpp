@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// All that belongs to the process rather than to a board: the open contexts, and the selected
+// platform.
+#include "contexts.h"
+
+#include <new>
+
+// A slot of the ring. A pointer to one is what the caller holds.
+struct RadioContext {
+    sorel::Board *board; // null while the context is not open
+};
+
+namespace sorel
+{
+
+namespace
+{
+
+RadioContext ring[ringSize];
+int lastOpened = ringSize - 1;
+int openCount = 0;
+
+const Platform *selected = nullptr; // null: none has been selected
+
+} // namespace
+
+RadioContext *openContext()
+{
+    if (openCount == openLimit)
+        return nullptr;
+    Board *const board = new (std::nothrow) Board{switchedOn(selectedPlatform()), {}, {}};
+    if (!board)
+        return nullptr;
+    do
+        lastOpened = (lastOpened + 1) % ringSize;
+    while (ring[lastOpened].board);
+    ring[lastOpened].board = board;
+    ++openCount;
+    return &ring[lastOpened];
+}
+
+void closeContext(RadioContext *context)
+{
+    delete context->board;
+    context->board = nullptr;
+    --openCount;
+}
+
+Board *boardOf(const RadioContext *context)
+{
+    // As numbers: pointers into different objects do not compare.
+    const auto address = reinterpret_cast<uintptr_t>(context);
+    const auto first = reinterpret_cast<uintptr_t>(ring);
+    const uintptr_t offset = address - first;
+    if (offset >= sizeof ring || offset % sizeof ring[0] != 0)
+        return nullptr;
+    return context->board;
+}
+
+const Platform &selectedPlatform()
+{
+    return selected ? *selected : platformOf(RADIO_PLATFORM_DEFAULT);
+}
+
+void selectPlatform(const Platform &platform)
+{
+    selected = &platform;
+}
+
+} // namespace sorel

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// The state of one radio front end, and what sets it up and resets it.
+#include "front_end.h"
+
+#include "link.h"
+#include "receiver.h"
+
+#include <algorithm>
+
+namespace sorel
+{
+
+namespace
+{
+
+int pathCountOf(RadioConf configuration)
+{
+    return configuration == RADIO_CONF_MIMO ? 2 : 1;
+}
+
+// In the order of the statuses: RADIO_EERROR before RADIO_ENOTSUP.
+Outcome checkSetup(const FrontEnd &frontEnd, const Platform &platform, int paths, const Mode &mode,
+                   RadioBand band)
+{
+    // The link belongs to the hardware: another platform starts without one.
+    if (&platform == frontEnd.platform && !linkCarries(frontEnd.cpriRate, mode, paths))
+        return refused(RADIO_EERROR, "the CPRI line rate is too low for that mode and antennas");
+    if (paths > platform.antennas)
+        return refused(RADIO_ENOTSUP, "the platform lacks the second antennas");
+    if (!hasMode(platform, mode.mode))
+        return refused(RADIO_ENOTSUP, "the platform lacks that mode");
+    if (!hasBand(platform, band))
+        return refused(RADIO_ENOTSUP, "the platform lacks that band");
+    if (!isBandOf(mode.airInterface, band))
+        return refused(RADIO_ENOTSUP, "the band is not one of that mode's");
+    return done();
+}
+
+bool isInside(const FrequencyRange &inner, const FrequencyRange &outer)
+{
+    return inner.low >= outer.low && inner.high <= outer.high;
+}
+
+Setup freshSetup(const Platform &platform, RadioConf configuration, const Mode &mode,
+                 RadioBand band)
+{
+    const bool isBaseStation = mode.role == Role::BaseStation;
+    const FrequencyRange downlink = bandRange(mode.airInterface, band, Direction::Downlink);
+    const FrequencyRange uplink = bandRange(mode.airInterface, band, Direction::Uplink);
+    Setup setup = {};
+    setup.mode = &mode;
+    setup.configuration = configuration;
+    setup.band = band;
+    setup.txRange = isBaseStation ? downlink : uplink;
+    setup.rxRange = isBaseStation ? uplink : downlink;
+    setup.txFrequency = centreOf(setup.txRange);
+    setup.rxFrequency = centreOf(setup.rxRange);
+    setup.loopback = RADIO_NO_LOOPBACK;
+    for (int path = 0; path < pathCountOf(configuration); ++path) {
+        setup.transmitters[path] = {RADIO_STATE_DISABLE, platform.highestPower, 0, 0};
+        setup.receivers[path] = {RADIO_STATE_ENABLE, RADIO_RX_GAIN_MGC, platform.highestGain,
+                                 platform.highestGain};
+    }
+    return setup;
+}
+
+} // namespace
+
+FrontEnd switchedOn(const Platform &platform)
+{
+    FrontEnd frontEnd = {};
+    frontEnd.platform = &platform;
+    frontEnd.selected = RADIO_SELECT_ALL;
+    frontEnd.oscillatorDac = static_cast<uint16_t>(1u << (platform.dacWidth - 1));
+    frontEnd.thermal.nanodegrees = settledNanodegrees(frontEnd);
+    return frontEnd;
+}
+
+int pathCount(const FrontEnd &frontEnd)
+{
+    return frontEnd.setup.mode ? pathCountOf(frontEnd.setup.configuration) : 0;
+}
+
+Paths selectedPaths(const FrontEnd &frontEnd)
+{
+    const int count = pathCount(frontEnd);
+    if (frontEnd.selected == RADIO_SELECT_ALL)
+        return {0, count};
+    const int path = frontEnd.selected;
+    return {path, std::max(path, std::min(path + 1, count))};
+}
+
+Outcome requireSetup(const FrontEnd &frontEnd)
+{
+    return frontEnd.setup.mode ? done() : refused(RADIO_EERROR, "radioInit() has not been called");
+}
+
+Outcome requirePath(const FrontEnd &frontEnd, int path)
+{
+    if (const Outcome outcome = requireSetup(frontEnd); isRefused(outcome))
+        return outcome;
+    return path < pathCount(frontEnd)
+               ? done()
+               : refused(RADIO_ENOTSUP, "the antenna configuration lacks that antenna");
+}
+
+Outcome requireSelected(const FrontEnd &frontEnd)
+{
+    return requirePath(frontEnd, frontEnd.selected == RADIO_SELECT_1 ? 1 : 0);
+}
+
+Outcome setUp(FrontEnd &frontEnd, const Platform &platform, RadioConf configuration, RadioMode mode,
+              RadioBand band)
+{
+    const int paths = pathCountOf(configuration);
+    const Outcome outcome = checkSetup(frontEnd, platform, paths, modeOf(mode), band);
+    if (isRefused(outcome))
+        return outcome;
+    const Setup setup = freshSetup(platform, configuration, modeOf(mode), band);
+    if (!isInside(setup.txRange, platform.tuning) || !isInside(setup.rxRange, platform.tuning))
+        return refused(RADIO_ENOTSUP, "the band is beyond the platform's tuning range");
+
+    const bool dropsLink = &platform != frontEnd.platform && frontEnd.cpriRate != 0;
+    if (&platform != frontEnd.platform) {
+        const Thermal thermal = frontEnd.thermal;
+        const RadioSelectIndex selected = frontEnd.selected;
+        frontEnd = switchedOn(platform);
+        frontEnd.thermal = thermal;
+        frontEnd.selected = selected;
+    }
+    frontEnd.setup = setup;
+    if (dropsLink)
+        return warned("the CPRI link of the former platform is down");
+    if (isRefused(requireSelected(frontEnd)))
+        return warned("the selected path does not exist in this antenna configuration");
+    return done();
+}
+
+Outcome reset(FrontEnd &frontEnd)
+{
+    const Thermal thermal = frontEnd.thermal;
+    frontEnd = switchedOn(*frontEnd.platform);
+    frontEnd.thermal = thermal;
+    return done();
+}
+
+Outcome selectPaths(FrontEnd &frontEnd, RadioSelectIndex paths)
+{
+    const int antennas = frontEnd.setup.mode ? pathCount(frontEnd) : frontEnd.platform->antennas;
+    if (paths == RADIO_SELECT_1 && antennas < 2)
+        return refused(RADIO_ENOTSUP, "there is no second path");
+    frontEnd.selected = paths;
+    return done();
+}
+
+} // namespace sorel

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// The SPI register file. A register that mirrors state is that state: reading it answers from the
+// front end, writing it does what the function for it does. README.md has the map.
+#ifndef SOREL_DRIVER_REGISTERS_H
+#define SOREL_DRIVER_REGISTERS_H
+
+#include "front_end.h"
+
+namespace sorel
+{
+
+// RADIO_EINVAL where there is no register.
+Outcome readRegister(const FrontEnd &frontEnd, uint32_t address, uint32_t &value);
+
+// RADIO_EINVAL where there is no register, RADIO_ENOTSUP where it is read-only, and otherwise what
+// the function for the same state answers.
+Outcome writeRegister(FrontEnd &frontEnd, uint32_t address, uint32_t value);
+
+} // namespace sorel
+
+#endif

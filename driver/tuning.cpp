@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// Tuning both directions, by frequency or by channel number.
+#include "tuning.h"
+
+#include "receiver.h"
+
+namespace sorel
+{
+
+namespace
+{
+
+enum class End { Transmit, Receive };
+
+void tune(FrontEnd &frontEnd, End end, uint32_t frequency)
+{
+    Setup &setup = frontEnd.setup;
+    const bool isShared = isTimeDivision(*setup.mode);
+    if (end == End::Transmit || isShared)
+        setup.txFrequency = frequency;
+    if (end == End::Receive || isShared) {
+        setup.rxFrequency = frequency;
+        for (int path = 0; path < pathCount(frontEnd); ++path)
+            triggerGain(frontEnd, path);
+    }
+}
+
+Outcome tuneToFrequency(FrontEnd &frontEnd, End end, uint32_t frequency)
+{
+    if (const Outcome outcome = requireSetup(frontEnd); isRefused(outcome))
+        return outcome;
+    const Setup &setup = frontEnd.setup;
+    if (!contains(end == End::Transmit ? setup.txRange : setup.rxRange, frequency))
+        return refused(RADIO_EINVAL, "the frequency is outside the band");
+    tune(frontEnd, end, frequency);
+    return done();
+}
+
+Outcome tuneToChannel(FrontEnd &frontEnd, End end, uint16_t channel)
+{
+    if (const Outcome outcome = requireSetup(frontEnd); isRefused(outcome))
+        return outcome;
+    const Mode &mode = *frontEnd.setup.mode;
+    const bool isDownlink = (mode.role == Role::BaseStation) == (end == End::Transmit);
+    const uint32_t frequency =
+        channelFrequency(mode.airInterface, frontEnd.setup.band,
+                         isDownlink ? Direction::Downlink : Direction::Uplink, channel);
+    if (frequency == 0)
+        return refused(RADIO_EINVAL, "the band has no such channel in that direction");
+    tune(frontEnd, end, frequency);
+    return done();
+}
+
+} // namespace
+
+Outcome tuneTransmitters(FrontEnd &frontEnd, uint32_t frequency)
+{
+    return tuneToFrequency(frontEnd, End::Transmit, frequency);
+}
+
+Outcome tuneReceivers(FrontEnd &frontEnd, uint32_t frequency)
+{
+    return tuneToFrequency(frontEnd, End::Receive, frequency);
+}
+
+Outcome tuneTransmittersToChannel(FrontEnd &frontEnd, uint16_t channel)
+{
+    return tuneToChannel(frontEnd, End::Transmit, channel);
+}
+
+Outcome tuneReceiversToChannel(FrontEnd &frontEnd, uint16_t channel)
+{
+    return tuneToChannel(frontEnd, End::Receive, channel);
+}
+
+} // namespace sorel
