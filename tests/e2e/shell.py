@@ -1,0 +1,139 @@
+# SPDX-License-Identifier: LicenseRef-Proprietary
+"""The verbs of the end-to-end tests: run, pipe, lua, raised, prompt.
+
+Each starts the real executable anew. Where nothing else is said it stands on the recording driver
+(../recording_driver/README.md), so every test can ask which calls reached the driver.
+
+Environment:
+    SORELAPP              the executable; may be a command line (an emulator, its options, the path)
+    SOREL_SIMULATION_DIR  folder of the simulated board's libsorel.so.1
+    RECORDING_DRIVER_DIR  folder of the recording driver's libsorel.so.1
+    PRELOAD_DIR           folder of the libraries made from preload/
+    SORELAPP_SOURCE_DIR   root of the source tree
+"""
+
+import os
+import shlex
+import subprocess
+import tempfile
+from dataclasses import dataclass
+from pathlib import Path
+
+import pexpect
+
+COMMAND = shlex.split(os.environ["SORELAPP"])
+EXECUTABLE = Path(COMMAND[-1])
+SIMULATION = Path(os.environ["SOREL_SIMULATION_DIR"])
+RECORDING = Path(os.environ["RECORDING_DRIVER_DIR"])
+PRELOAD = Path(os.environ["PRELOAD_DIR"])
+VERSION = Path(os.environ["SORELAPP_SOURCE_DIR"], "VERSION").read_text().strip()
+
+PROMPT = "sorelapp> "
+SECONDS = 60  # longer than any test takes, emulated or not
+
+
+@dataclass
+class Ran:
+    """What one run of the executable left behind."""
+
+    out: str
+    err: str
+    status: int  # negative: the number of the signal that ended it
+    log: list  # every driver call, in order
+
+    @property
+    def calls(self):
+        """The driver calls without the opening at start-up and the closing at the exit."""
+        assert self.log[0].startswith("radioOpen() = context"), self.log
+        assert self.log[-1].startswith("radioClose(context"), self.log
+        return self.log[1:-1]
+
+
+def environment(driver, more):
+    """The environment of a run; driver is the folder of a libsorel.so.1, None the linked one."""
+    result = {k: v for k, v in os.environ.items() if k not in ("LUA_PATH", "LUA_CPATH", "LUA_INIT")}
+    result["LC_ALL"] = "C"
+    result.pop("LD_LIBRARY_PATH", None)
+    if driver is not None:
+        result["LD_LIBRARY_PATH"] = str(driver)
+    return result | more
+
+
+def preloading(library):
+    """The variables that load a library of preload/ ahead of all others. An emulator is told of it
+    in a variable of its own, since it is no program of the kind that could load the library."""
+    variable = f"LD_PRELOAD={PRELOAD / library}"
+    if Path(COMMAND[0]).name.startswith("qemu"):
+        return {"QEMU_SET_ENV": variable}
+    return dict([variable.split("=", 1)])
+
+
+def run(*arguments, stdin="", answers="", driver=RECORDING, **more):
+    """Runs the executable with these arguments; answers are lines for the recording driver, more
+    are environment variables. Bytes are characters of Latin-1, each standing for itself."""
+    with tempfile.TemporaryDirectory() as folder:
+        log = Path(folder, "log")
+        told = Path(folder, "answers")
+        log.touch()
+        told.write_text(answers + "\n", encoding="latin-1")
+        variables = {"RECORDING_DRIVER_LOG": str(log), "RECORDING_DRIVER_ANSWERS": str(told)}
+        done = subprocess.run(
+            COMMAND + list(arguments),
+            input=stdin.encode("latin-1"),
+            capture_output=True,
+            env=environment(driver, variables | more),
+            timeout=SECONDS,
+            check=False,
+        )
+        return Ran(
+            out=done.stdout.decode("latin-1"),
+            err=done.stderr.decode("latin-1"),
+            status=done.returncode,
+            log=log.read_text(encoding="latin-1").splitlines(),
+        )
+
+
+def pipe(*lines, arguments=(), **more):
+    """Pipes these lines into the interactive loop, then the word that ends it."""
+    ran = run(*arguments, stdin="".join(line + "\n" for line in lines) + "exit\n", **more)
+    assert ran.status == 0, ran
+    return ran
+
+
+def lua(text, **more):
+    """Runs Lua text that must succeed in silence but for what it prints."""
+    ran = run("-c", text, **more)
+    assert (ran.status, ran.err) == (0, ""), ran
+    return ran
+
+
+def raised(text, **more):
+    """Runs Lua text that must raise a text; out is then that text, whole."""
+    return lua(
+        "local succeeded, message = pcall(function() " + text + " end) "
+        "assert(not succeeded, 'nothing was raised') "
+        "assert(type(message) == 'string', type(message)) "
+        "io.write(message)",
+        **more,
+    )
+
+
+def prompt(*arguments, driver=RECORDING):
+    """Starts the executable on a terminal and waits for its prompt. It echoes nothing."""
+    terminal = pexpect.spawn(
+        COMMAND[0],
+        COMMAND[1:] + list(arguments),
+        env=environment(driver, {"TERM": "dumb"}),
+        encoding="latin-1",
+        echo=False,
+        timeout=SECONDS,
+    )
+    terminal.expect_exact(PROMPT)
+    return terminal
+
+
+def type_line(terminal, line):
+    """Types a line at the prompt; returns the lines that appear before the next prompt."""
+    terminal.sendline(line)
+    terminal.expect_exact(PROMPT)
+    return terminal.before.splitlines()

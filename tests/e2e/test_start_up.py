@@ -1,0 +1,117 @@
+# SPDX-License-Identifier: LicenseRef-Proprietary
+"""What start-up opens, in which order, and what a script finds then."""
+
+from catalogue import FUNCTIONS, NO_CONTEXT, WITHOUT_CONTEXT, call
+from shell import PROMPT, lua, pipe, run
+
+BIT = "tobit bnot band bor bxor lshift rshift arshift rol ror bswap tohex"
+
+
+def test_the_radio_is_open_before_the_first_command_and_closed_after_the_last():
+    assert lua("radioReset()").log == [
+        "radioOpen() = context1",
+        "radioReset(context1)",
+        "radioClose(context1)",
+    ]
+
+
+def test_the_radio_is_closed_before_the_lua_state():
+    ran = lua(
+        "local last = newproxy(true) "
+        "getmetatable(last).__gc = function() print(pcall(radioReset)) end "
+        "kept = last"
+    )
+    assert ran.out == f"false\t{NO_CONTEXT}\n"
+    assert ran.log == ["radioOpen() = context1", "radioClose(context1)"]
+
+
+def test_a_batch_file_and_then_the_prompt_share_one_radio_and_one_state(tmp_path):
+    script = tmp_path / "script"
+    script.write_text("x = 5 radioReset()\n")
+    ran = pipe("print(x)", "radioSetRxGain(x)", arguments=["-b", str(script), "-i"])
+    assert ran.out == PROMPT + "5\n" + PROMPT + PROMPT
+    assert ran.calls == ["radioReset(context1)", "radioSetRxGain(context1, 5)"]
+
+
+def test_the_radio_open_at_the_end_is_the_one_that_is_closed():
+    assert lua("radioOpen() radioOpen()").log[-1] == "radioClose(context3)"
+
+
+def test_a_radio_closed_by_a_script_is_not_closed_again():
+    assert lua("radioClose()").log == ["radioOpen() = context1", "radioClose(context1)"]
+
+
+def test_a_driver_that_does_not_open_is_reported_and_the_prompt_is_shown():
+    ran = pipe("print(1)", answers="radioOpen null")
+    assert ran.err == "radioOpen() failed\n"
+    assert ran.out == PROMPT + "1\n" + PROMPT
+    assert ran.log == ["radioOpen() = null"]
+
+
+def test_without_a_radio_every_function_but_one_reports_so():
+    calls = " ".join(
+        f"print('{function.name}', pcall(function() {call(function)} end))"
+        for function in FUNCTIONS
+    )
+    ran = run("-c", calls, answers="radioOpen null")
+    assert ran.err == "radioOpen() failed\n"
+    assert ran.out.splitlines() == [
+        f"{function.name}\ttrue"
+        if function.name == WITHOUT_CONTEXT
+        else f"{function.name}\tfalse\t{NO_CONTEXT}"
+        for function in FUNCTIONS
+    ]
+    assert ran.log == ["radioOpen() = null", "radioSelectPlatform(1)"]
+
+
+def test_without_a_radio_closing_it_raises():
+    ran = run("-c", "print(pcall(radioClose))", answers="radioOpen null")
+    assert ran.out == f"false\t{NO_CONTEXT}\n"
+    assert ran.log == ["radioOpen() = null"]
+
+
+def test_every_field_of_radio_is_a_global():
+    ran = lua(
+        "local fields = 0 "
+        "for name, value in pairs(radio) do "
+        "    assert(rawequal(rawget(_G, name), value), name) fields = fields + 1 "
+        "end "
+        "print(fields)"
+    )
+    assert ran.out == "163\n"
+
+
+def test_the_standard_libraries_are_open():
+    ran = lua("print(string.upper('a'), math.abs(-1), table.concat({1, 2}), os.time() > 0, "
+              "io.type(io.stdout), type(debug.traceback), type(package.loaded), "
+              "coroutine.status(coroutine.create(function() end)))")
+    assert ran.out == "A\t1\t12\ttrue\tfile\tfunction\ttable\tsuspended\n"
+
+
+def test_the_interpreter_is_lua_5_1():
+    assert lua("print(_VERSION)").out == "Lua 5.1\n"
+
+
+def test_bit_has_its_twelve_functions():
+    ran = lua("local names = {} for name in pairs(bit) do table.insert(names, name) end "
+              "table.sort(names) print(table.concat(names, ' '))")
+    assert ran.out.split() == sorted(BIT.split())
+
+
+def test_bit_counts_in_32_bits():
+    ran = lua("print(bit.band(0xff, 0x0f), bit.bor(1, 2), bit.bxor(3, 1), bit.bnot(0), "
+              "bit.lshift(1, 31), bit.rshift(-1, 28), bit.arshift(-16, 2), bit.rol(1, 33), "
+              "bit.ror(1, 1), bit.bswap(0x11223344), bit.tobit(0xffffffff), "
+              "bit.tohex(-1), bit.tohex(255, 4))")
+    assert ran.out.split() == (
+        "15 3 2 -1 -2147483648 15 -4 2 -2147483648 1144201745 -1 ffffffff 00ff".split()
+    )
+
+
+def test_the_functions_of_bit_and_socket_are_no_globals():
+    assert lua("print(band, tohex, tcp, gettime)").out == "nil\tnil\tnil\tnil\n"
+    assert lua("print(type(bit.band), type(socket.tcp))").out == "function\tfunction\n"
+
+
+def test_help_is_no_function_of_the_shell():
+    assert lua("print(help)").out == "nil\n"
