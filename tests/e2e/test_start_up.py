@@ -4,8 +4,6 @@
 from catalogue import FUNCTIONS, NO_CONTEXT, WITHOUT_CONTEXT, call
 from shell import PROMPT, lua, pipe, run
 
-BIT = "tobit bnot band bor bxor lshift rshift arshift rol ror bswap tohex"
-
 
 def test_the_radio_is_open_before_the_first_command_and_closed_after_the_last():
     assert lua("radioReset()").log == [
@@ -90,22 +88,6 @@ def test_the_standard_libraries_are_open():
 
 def test_the_interpreter_is_lua_5_1():
     assert lua("print(_VERSION)").out == "Lua 5.1\n"
-
-
-def test_bit_has_its_twelve_functions():
-    ran = lua("local names = {} for name in pairs(bit) do table.insert(names, name) end "
-              "table.sort(names) print(table.concat(names, ' '))")
-    assert ran.out.split() == sorted(BIT.split())
-
-
-def test_bit_counts_in_32_bits():
-    ran = lua("print(bit.band(0xff, 0x0f), bit.bor(1, 2), bit.bxor(3, 1), bit.bnot(0), "
-              "bit.lshift(1, 31), bit.rshift(-1, 28), bit.arshift(-16, 2), bit.rol(1, 33), "
-              "bit.ror(1, 1), bit.bswap(0x11223344), bit.tobit(0xffffffff), "
-              "bit.tohex(-1), bit.tohex(255, 4))")
-    assert ran.out.split() == (
-        "15 3 2 -1 -2147483648 15 -4 2 -2147483648 1144201745 -1 ffffffff 00ff".split()
-    )
 
 
 def test_the_functions_of_bit_and_socket_are_no_globals():

@@ -1,0 +1,59 @@
+# SPDX-License-Identifier: LicenseRef-Proprietary
+"""How the executable finds the driver, and what it needs."""
+
+import re
+import subprocess
+
+from catalogue import FUNCTIONS
+from shell import EXECUTABLE, RECORDING, SIMULATION, lua, run
+
+VERSION_OF_DRIVER = "io.write(radioVersion())"
+
+
+def dynamic_section(file):
+    """Entries of a file's dynamic section as (tag, value)."""
+    listing = subprocess.run(
+        ["readelf", "--dynamic", "--wide", str(file)], capture_output=True, text=True, check=True
+    ).stdout
+    return re.findall(r"\((\w+)\) +.*?\[(.*)\]", listing)
+
+
+def values(file, tag):
+    return [value for name, value in dynamic_section(file) if name == tag]
+
+
+def test_the_executable_needs_the_driver_by_its_soname():
+    assert "libsorel.so.1" in values(EXECUTABLE, "NEEDED")
+
+
+def test_the_executable_does_not_need_the_cpp_library():
+    assert [name for name in values(EXECUTABLE, "NEEDED") if "stdc++" in name] == []
+
+
+def test_the_executables_own_search_path_yields_to_ld_library_path():
+    assert values(EXECUTABLE, "RPATH") == []
+    assert values(EXECUTABLE, "RUNPATH") != []
+
+
+def test_the_executable_finds_its_own_driver():
+    ran = run("-c", VERSION_OF_DRIVER, driver=None)
+    assert (ran.err, ran.status) == ("", 0)
+    assert ran.out not in ("", "recording driver")
+
+
+def test_the_driver_is_replaced_without_a_rebuild():
+    assert lua(VERSION_OF_DRIVER, driver=RECORDING).out == "recording driver"
+    assert lua(VERSION_OF_DRIVER, driver=SIMULATION).out not in ("", "recording driver")
+
+
+def test_both_drivers_have_the_drivers_soname_and_functions():
+    names = {function.name for function in FUNCTIONS} | {"radioOpen", "radioClose"}
+    for folder in (RECORDING, SIMULATION):
+        library = folder / "libsorel.so.1"
+        assert values(library, "SONAME") == ["libsorel.so.1"]
+        listing = subprocess.run(
+            ["nm", "--dynamic", "--defined-only", "--format=posix", str(library)],
+            capture_output=True, text=True, check=True,
+        ).stdout
+        exported = {line.split()[0].partition("@")[0] for line in listing.splitlines()}
+        assert exported == names

@@ -1,0 +1,196 @@
+# SPDX-License-Identifier: LicenseRef-Proprietary
+"""The global socket: the interface of LuaSocket 2.0.2, whichever version is linked."""
+
+import socket
+import threading
+import time
+from pathlib import Path
+
+import pytest
+from shell import lua, raised
+
+LUA_PART = Path("/usr/share/lua/5.1/socket.lua")  # from Debian's package lua-socket
+FUNCTIONS = ["newtry", "protect", "select", "skip", "sleep", "gettime", "tcp", "udp", "__unload"]
+
+
+def test_it_is_a_table_that_names_version_2_0_2():
+    assert lua("print(type(socket), socket._VERSION)").out == "table\tLuaSocket 2.0.2\n"
+
+
+@pytest.mark.parametrize("name", FUNCTIONS)
+def test_a_function_of_the_core(name):
+    assert lua(f"print(type(socket.{name}))").out == "function\n"
+
+
+@pytest.mark.parametrize("name", ["toip", "tohostname", "gethostname"])
+def test_a_function_of_the_name_service(name):
+    assert lua(f"print(type(socket.dns), type(socket.dns.{name}))").out == "table\tfunction\n"
+
+
+def test_addresses_in_digits_are_resolved():
+    ran = lua("local ip, resolved = socket.dns.toip('127.0.0.1') print(ip, resolved.ip[1])")
+    assert ran.out == "127.0.0.1\t127.0.0.1\n"
+
+
+def test_the_host_has_a_name():
+    assert lua("print(socket.dns.gethostname())").out == socket.gethostname() + "\n"
+
+
+def test_skip_drops_the_first_values():
+    assert lua("print(socket.skip(2, 'a', 'b', 'c', 'd')) print(socket.skip(0, 'a'))").out == (
+        "c\td\na\n"
+    )
+
+
+def test_sleep_takes_its_time():
+    ran = lua("local start = socket.gettime() socket.sleep(0.05) "
+              "print(socket.gettime() - start >= 0.05)")
+    assert ran.out == "true\n"
+
+
+def test_gettime_is_the_time():
+    before = time.time()
+    shown = float(lua("print(('%.6f'):format(socket.gettime()))").out)
+    assert before - 0.001 <= shown <= time.time() + 0.001
+
+
+def test_protect_turns_what_newtry_raises_into_results():
+    ran = lua("local try = socket.newtry(function() io.write('tidied ') end) "
+              "local f = socket.protect(function(...) return try(...) end) "
+              "print(f(nil, 'refused')) print(f(1, 2))")
+    assert ran.out == "tidied nil\trefused\n1\t2\n"
+
+
+def test_protect_passes_other_errors_on():
+    assert raised("socket.protect(function() error('mine', 0) end)()").out == "mine"
+
+
+def test_select_of_nothing_times_out():
+    ran = lua("local readable, writable, message = socket.select({}, nil, 0) "
+              "print(#readable, #writable, message)")
+    assert ran.out == "0\t0\ttimeout\n"
+
+
+def test_unload_does_no_harm():
+    assert lua("socket.__unload() print(socket.tcp() ~= nil)").out == "true\n"
+
+
+@pytest.mark.parametrize("kind, options", [("tcp", ["reuseaddr", "keepalive", "tcp-nodelay"]),
+                                           ("udp", ["reuseaddr", "broadcast"])])
+def test_a_new_socket_exists_and_takes_options_at_once(kind, options):
+    for option in options:
+        assert lua(f"print(socket.{kind}():setoption('{option}', true))").out == "1\n"
+
+
+@pytest.mark.parametrize("kind, bind", [("tcp", "bind"), ("udp", "setsockname")])
+def test_a_new_socket_is_one_of_ipv4(kind, bind):
+    ran = lua(f"local s = socket.{kind}() print(s:{bind}('0.0.0.0', 0)) "
+              "local address, port = s:getsockname() print(address, tonumber(port) > 0)")
+    assert ran.out == "1\n0.0.0.0\ttrue\n"
+    refused = lua(f"print((socket.{kind}():{bind}('::1', 0)))")
+    assert refused.out == "nil\n"
+
+
+def test_each_call_makes_another_socket():
+    assert lua("print(socket.tcp() ~= socket.tcp(), socket.udp() ~= socket.udp())").out == (
+        "true\ttrue\n"
+    )
+
+
+def test_tcp_within_one_script():
+    ran = lua("""
+        local server = assert(socket.tcp())
+        assert(server:setoption("reuseaddr", true))
+        assert(server:bind("127.0.0.1", 0))
+        assert(server:listen(1))
+        local address, port = server:getsockname()
+        local client = socket.tcp()
+        assert(client:connect(address, port))
+        local peer = assert(server:accept())
+        assert(client:send("temperature?\\n"))
+        print((peer:receive()))
+        assert(peer:send("36.5\\n"))
+        peer:close()
+        print((client:receive("*a")))
+        print(client:receive())
+        """)
+    assert ran.out == "temperature?\n36.5\n\nnil\tclosed\t\n"
+
+
+def test_udp_within_one_script():
+    ran = lua("""
+        local receiver = socket.udp()
+        assert(receiver:setsockname("127.0.0.1", 0))
+        local address, port = receiver:getsockname()
+        local sender = socket.udp()
+        assert(sender:sendto("first", address, port))
+        assert(sender:setpeername(address, port))
+        assert(sender:send("second"))
+        receiver:settimeout(10)
+        print((receiver:receivefrom()))
+        print(receiver:receive())
+        receiver:settimeout(0)
+        print(receiver:receive())
+        """)
+    assert ran.out == "first\nsecond\nnil\ttimeout\n"
+
+
+def test_a_script_talks_tcp_to_another_program():
+    with socket.create_server(("127.0.0.1", 0)) as server:
+
+        def answer():
+            connection, _ = server.accept()
+            with connection, connection.makefile("rw") as stream:
+                stream.write(stream.readline().upper())
+
+        peer = threading.Thread(target=answer, daemon=True)
+        peer.start()
+        ran = lua("local c = socket.tcp() c:settimeout(30) "
+                  f"assert(c:connect('127.0.0.1', {server.getsockname()[1]})) "
+                  "c:send('rtwp\\n') print((c:receive()))")
+        peer.join()
+    assert ran.out == "RTWP\n"
+
+
+def test_a_script_talks_udp_to_another_program():
+    with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as peer:
+        peer.bind(("127.0.0.1", 0))
+        peer.settimeout(30)
+
+        def answer():
+            request, address = peer.recvfrom(100)
+            peer.sendto(request.upper(), address)
+
+        thread = threading.Thread(target=answer, daemon=True)
+        thread.start()
+        ran = lua("local s = socket.udp() s:settimeout(30) "
+                  f"assert(s:sendto('rtwp', '127.0.0.1', {peer.getsockname()[1]})) "
+                  "print((s:receive()))")
+        thread.join()
+    assert ran.out == "RTWP\n"
+
+
+@pytest.mark.skipif(not LUA_PART.exists(), reason=f"{LUA_PART} is not installed")
+def test_requiring_socket_extends_the_same_table():
+    ran = lua("local before = socket.tcp local required = require 'socket' "
+              "print(required == socket, required == _G.socket, socket.tcp == before, "
+              "socket._VERSION, type(socket.bind), type(socket.connect), type(socket.source))")
+    assert ran.out == "true\ttrue\ttrue\tLuaSocket 2.0.2\tfunction\tfunction\tfunction\n"
+
+
+@pytest.mark.skipif(not LUA_PART.exists(), reason=f"{LUA_PART} is not installed")
+def test_the_lua_part_works_on_the_same_sockets():
+    ran = lua("require 'socket' "
+              "local server = assert(socket.bind('127.0.0.1', 0)) "
+              "local address, port = server:getsockname() "
+              "local client = assert(socket.connect(address, port)) "
+              "local peer = server:accept() client:send('x\\n') print((peer:receive()))")
+    assert ran.out == "x\n"
+
+
+def test_requiring_the_core_gives_the_same_table():
+    assert lua("print(require 'socket.core' == socket)").out == "true\n"
+
+
+def test_the_core_for_mime_is_not_opened():
+    assert lua("print(mime, package.loaded['mime.core'])").out == "nil\tnil\n"
