@@ -66,6 +66,12 @@ def test_a_command_that_does_not_compile_ends_in_a_panic():
     assert (ran.out, ran.status, ran.log) == ("", 1, OPENED)
 
 
+@pytest.mark.parametrize("value, shown", [("'bare', 0", "bare"), ("5, 0", "5"), ("{}", "(null)")])
+def test_a_command_may_raise_any_value(value, shown):
+    ran = run("-c", f"error({value})")
+    assert (ran.err, ran.status) == (PANIC.format(shown), 1)
+
+
 def test_what_a_failing_command_printed_before_is_seen():
     assert run("-c", "print('first') error('broken')").out == "first\n"
 

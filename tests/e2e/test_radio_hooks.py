@@ -3,7 +3,7 @@
 
 import pytest
 from catalogue import HOOKS, count_message, type_message
-from shell import lua, raised
+from shell import lua, preloading, raised, run
 
 FIELD_TYPES = {"malloc": "void *(*)(size_t)", "free": "void (*)(void *)"}
 UNKNOWN = "userdata (unknown type)"
@@ -135,6 +135,37 @@ def test_unknown_fields_read_as_nil_and_drop_what_is_assigned():
 
 def test_objects_reach_no_driver_function():
     assert lua("local h = RadioHooks() h.malloc = nil h = nil collectgarbage()").calls == []
+
+
+def records(text):
+    """What becomes of the records behind the objects, up to the end of the process."""
+    ran = run("-c", text, **preloading("hooks_records.so"))
+    assert ran.status == 0, ran
+    return ran.err.split()
+
+
+def test_a_record_is_freed_exactly_once_when_its_object_is_collected():
+    assert records("RadioHooks() collectgarbage() collectgarbage() io.stderr:write('end ')") == (
+        ["made", "freed", "end"]
+    )
+
+
+def test_a_record_still_in_use_is_freed_at_the_end():
+    assert records("kept = RadioHooks() collectgarbage() io.stderr:write('end ')") == (
+        ["made", "end", "freed"]
+    )
+
+
+def test_every_record_is_freed_once():
+    assert sorted(records("for _ = 1, 500 do RadioHooks() end")) == 500 * ["freed"] + 500 * ["made"]
+
+
+def test_no_record_is_made_where_an_argument_is_refused():
+    assert records("pcall(RadioHooks, 1)") == []
+
+
+def test_collecting_the_driver_names_frees_nothing():
+    assert records("radioGetDriverNames() collectgarbage()") == []
 
 
 def test_very_many_objects_are_collected_without_harm():
