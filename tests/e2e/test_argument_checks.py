@@ -116,7 +116,7 @@ def test_an_argument_of_another_type_is_refused(function, place):
 
 
 @pytest.mark.parametrize("function, place", UNSIGNED, ids=UNSIGNED_PLACES)
-@pytest.mark.parametrize("value", ["-1", "-0.5", "0/0", "-1/0", "-1e-300", "'-1'", "'nan'", "-2^40"])
+@pytest.mark.parametrize("value", ["-1", "-0.5", "0/0", "-1/0", "-1e-300", "'-1'", "'nan'"])
 def test_an_unsigned_argument_must_not_be_negative(function, place, value):
     arguments = good(function)
     arguments[place] = value

@@ -89,7 +89,11 @@ def test_every_number_in_radio_is_a_constant():
 
 
 def test_there_is_no_constant_for_a_band_that_does_not_exist():
-    ran = lua("for band = 0, 300 do if radio['RADIO_BAND_' .. band] then io.write(band, ' ') end end")
+    ran = lua(
+        "for band = 0, 300 do "
+        "    if radio['RADIO_BAND_' .. band] then io.write(band, ' ') end "
+        "end"
+    )
     existing = [*range(1, 26), *range(33, 44), *range(252, 256)]
     assert ran.out.split() == [str(band) for band in existing]
 

@@ -7,7 +7,9 @@ import pytest
 from shell import run
 
 PANIC = "PANIC: unprotected error in call to Lua API ({})\n"
-PANIC_IN_SCRIPT = re.compile(r"PANIC: unprotected error in call to Lua API \(.*script\.lua:(.*)\)\n")
+PANIC_IN_SCRIPT = re.compile(
+    r"PANIC: unprotected error in call to Lua API \(.*script\.lua:(.*)\)\n"
+)
 OPENED = ["radioOpen() = context1"]
 
 

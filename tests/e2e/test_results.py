@@ -78,7 +78,9 @@ def test_driver_names_of_null_are_nil():
     assert ran.out == "nil\t1\n"
 
 
-@pytest.mark.parametrize("use", ["local x = names[1]", "names.x = 1", "names()", "local x = #names"])
+@pytest.mark.parametrize(
+    "use", ["local x = names[1]", "names.x = 1", "names()", "local x = #names"]
+)
 def test_a_script_can_do_nothing_with_the_driver_names_themselves(use):
     ran = lua(f"local names = radioGetDriverNames() print((pcall(function() {use} end)))")
     assert ran.out == "false\n"

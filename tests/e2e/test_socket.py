@@ -188,6 +188,11 @@ def test_the_lua_part_works_on_the_same_sockets():
     assert ran.out == "x\n"
 
 
+@pytest.mark.skipif(not LUA_PART.exists(), reason=f"{LUA_PART} is not installed")
+def test_the_modules_built_on_socket_load():
+    assert lua("print(type(require('socket.http').request))").out == "function\n"
+
+
 def test_requiring_the_core_gives_the_same_table():
     assert lua("print(require 'socket.core' == socket)").out == "true\n"
 

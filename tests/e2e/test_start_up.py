@@ -13,30 +13,12 @@ def test_the_radio_is_open_before_the_first_command_and_closed_after_the_last():
     ]
 
 
-def test_the_radio_is_closed_before_the_lua_state():
-    ran = lua(
-        "local last = newproxy(true) "
-        "getmetatable(last).__gc = function() print(pcall(radioReset)) end "
-        "kept = last"
-    )
-    assert ran.out == f"false\t{NO_CONTEXT}\n"
-    assert ran.log == ["radioOpen() = context1", "radioClose(context1)"]
-
-
 def test_a_batch_file_and_then_the_prompt_share_one_radio_and_one_state(tmp_path):
     script = tmp_path / "script"
     script.write_text("x = 5 radioReset()\n")
     ran = pipe("print(x)", "radioSetRxGain(x)", arguments=["-b", str(script), "-i"])
     assert ran.out == PROMPT + "5\n" + PROMPT + PROMPT
     assert ran.calls == ["radioReset(context1)", "radioSetRxGain(context1, 5)"]
-
-
-def test_the_radio_open_at_the_end_is_the_one_that_is_closed():
-    assert lua("radioOpen() radioOpen()").log[-1] == "radioClose(context3)"
-
-
-def test_a_radio_closed_by_a_script_is_not_closed_again():
-    assert lua("radioClose()").log == ["radioOpen() = context1", "radioClose(context1)"]
 
 
 def test_a_driver_that_does_not_open_is_reported_and_the_prompt_is_shown():
