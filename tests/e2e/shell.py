@@ -13,11 +13,13 @@ Environment:
 """
 
 import os
+import resource
 import shlex
 import subprocess
 import tempfile
 from dataclasses import dataclass
 from pathlib import Path
+from signal import SIGABRT
 
 import pexpect
 
@@ -30,6 +32,9 @@ VERSION = Path(os.environ["SORELAPP_SOURCE_DIR"], "VERSION").read_text().strip()
 
 PROMPT = "sorelapp> "
 SECONDS = 60  # longer than any test takes, emulated or not
+
+# Tests of an abort leave no core file behind.
+resource.setrlimit(resource.RLIMIT_CORE, (0, resource.getrlimit(resource.RLIMIT_CORE)[1]))
 
 
 @dataclass
@@ -47,6 +52,12 @@ class Ran:
         assert self.log[0].startswith("radioOpen() = context"), self.log
         assert self.log[-1].startswith("radioClose(context"), self.log
         return self.log[1:-1]
+
+
+def assert_aborted(ran, assertion):
+    """The run ended by that assertion's report. An emulator may add lines of its own."""
+    assert ran.status == -SIGABRT, ran
+    assert assertion in ran.err.splitlines()
 
 
 def environment(driver, more):
@@ -137,3 +148,9 @@ def type_line(terminal, line):
     terminal.sendline(line)
     terminal.expect_exact(PROMPT)
     return terminal.before.splitlines()
+
+
+def assert_broken(text, line, function, assertion):
+    """Lua text that breaks an invariant of the binding ends the process."""
+    ran = run("-c", text)
+    assert_aborted(ran, f"sorelapp: radio_wrap:{line}: {function}: Assertion `{assertion}' failed.")

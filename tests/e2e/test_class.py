@@ -3,8 +3,7 @@
 
 import pytest
 from catalogue import HOOKS
-from shell import lua
-from test_module import assert_broken
+from shell import assert_broken, lua
 
 NEW = "local h = RadioHooks() local class = getmetatable(h) "
 

@@ -3,17 +3,7 @@
 
 import pytest
 from catalogue import FUNCTIONS
-from shell import lua, run
-
-SIGABRT = 6
-
-
-def assert_broken(text, line, function, assertion):
-    """The text breaks an invariant of the binding, which ends the process."""
-    ran = run("-c", text)
-    message = f"sorelapp: radio_wrap:{line}: {function}: Assertion `{assertion}' failed."
-    assert ran.status == -SIGABRT
-    assert message in ran.err.splitlines()
+from shell import assert_broken, lua
 
 
 def test_radio_holds_the_functions_the_class_and_the_constants():
