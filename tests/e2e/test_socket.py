@@ -61,6 +61,14 @@ def test_protect_turns_what_newtry_raises_into_results():
     assert ran.out == "tidied nil\trefused\n1\t2\n"
 
 
+def test_protect_turns_any_error_that_is_a_table_into_results():
+    assert lua("print(socket.protect(function() error({'mine', 2}) end)())").out == "nil\tmine\n"
+
+
+def test_protect_hands_arguments_and_all_results_on():
+    assert lua("print(socket.protect(function(...) return ... end)(1, nil, 3))").out == "1\tnil\t3\n"
+
+
 def test_protect_passes_other_errors_on():
     assert raised("socket.protect(function() error('mine', 0) end)()").out == "mine"
 
