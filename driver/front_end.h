@@ -7,8 +7,6 @@
 #include "platforms.h"
 #include "thermal.h"
 
-#include <array>
-
 namespace sorel
 {
 
@@ -29,7 +27,7 @@ struct Receiver {
 };
 
 struct RegisterTable {
-    std::array<uint32_t, tableCapacity> words;
+    uint32_t words[tableCapacity];
     uint32_t count;
 };
 
@@ -43,8 +41,8 @@ struct Setup {
     uint32_t txFrequency; // in Hz; 0 before radioInit()
     uint32_t rxFrequency;
     RadioLoopback loopback;
-    std::array<Transmitter, 2> transmitters; // by path
-    std::array<Receiver, 2> receivers;
+    Transmitter transmitters[2]; // by path
+    Receiver receivers[2];
     RegisterTable gainTable;
     RegisterTable powerTable;
 };

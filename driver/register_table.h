@@ -22,7 +22,7 @@ inline Outcome loadTable(FrontEnd &frontEnd, RegisterTable &table, const uint32_
         return outcome;
     table = {};
     table.count = count;
-    std::copy_n(words, count, table.words.begin());
+    std::copy_n(words, count, table.words);
     return done();
 }
 

@@ -91,6 +91,15 @@ TEST_F(Calibration, calibration_belongs_to_its_context)
     EXPECT_EQ(radioClose(other), RADIO_ESUCCESS);
 }
 
+// [a.a.a ...
+std::string deepKey(int depth)
+{
+    std::string key = "[a";
+    for (int i = 0; i < depth; ++i)
+        key += ".a";
+    return key + "]\n";
+}
+
 TEST_F(Calibration, a_file_with_anything_else_is_refused_and_changes_nothing)
 {
     const std::string contents[] = {
@@ -119,6 +128,12 @@ TEST_F(Calibration, a_file_with_anything_else_is_refused_and_changes_nothing)
         std::string("[integers]\nn = 1\n\0", 18),
         "[integers]\nn = 1\n" + std::string(1100000, '#'),
         "[integers]\nn = " + std::string(100000, '[') + "\n",
+        "[=",
+        "[[=",
+        "[ .a]\n",
+        "[integers]\n.n = 1\n",
+        deepKey(500000),
+        deepKey(4000),
     };
     for (const std::string &content : contents) {
         EXPECT_EQ(load(content), RADIO_EINVAL) << content.substr(0, 60);

@@ -61,7 +61,6 @@ constexpr Enum valued(int32_t value)
     return static_cast<Enum>(value);
 }
 
-constexpr RadioConf SISO = RADIO_CONF_SISO;
 constexpr RadioConf MIMO = RADIO_CONF_MIMO;
 constexpr RadioMode FDD = RADIO_MODE_4GENODEB_FDD_20MHZ;
 constexpr RadioMode TDD = RADIO_MODE_4GENODEB_TDD_20MHZ;
