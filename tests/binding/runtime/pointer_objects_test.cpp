@@ -1,0 +1,354 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// Pushing native pointers, converting them back, and comparing them.
+#include "binding/runtime/pointer_objects.h"
+#include "tests/binding/support/assertion_report.h"
+#include "tests/binding/support/lua_test.h"
+#include "tests/binding/support/type_table.h"
+
+namespace
+{
+
+int conversions = 0;
+
+void *toSecond(void *pointer, int *newMemory)
+{
+    EXPECT_EQ(*newMemory, 0);
+    ++conversions;
+    return static_cast<int *>(pointer) + 1;
+}
+
+void *toNewMemory(void *pointer, int *newMemory)
+{
+    *newMemory = 1;
+    return pointer;
+}
+
+class PointerObjects : public LuaTest
+{
+protected:
+    PointerObjects()
+    {
+        SWIG_LinkCast(&other, &otherItself);
+        SWIG_LinkCast(&type, &itself);
+    }
+
+    // Converts the value on top of the stack, and pops it.
+    int convertTop(TypeRecord *expected)
+    {
+        const int result = SWIG_Lua_ConvertPtr(L, -1, &out, expected);
+        lua_pop(L, 1);
+        return result;
+    }
+
+    int numbers[2] = {11, 22};
+    void *out = this; // neither null nor what a conversion gives
+    TypeRecord type = makeType("_p_int", "int *|int32_t *");
+    TypeRecord other = makeType("_p_short", "short *");
+    CastRecord itself = makeCast(&type);
+    CastRecord otherItself = makeCast(&other);
+};
+
+TEST_F(PointerObjects, holdTypeOwnershipAndPointer)
+{
+    SWIG_Lua_PushPointer(L, numbers, &type, 1);
+    ASSERT_EQ(lua_type(L, -1), LUA_TUSERDATA);
+    EXPECT_EQ(lua_objlen(L, -1), sizeof(PointerObject));
+    const auto *const object = static_cast<PointerObject *>(lua_touserdata(L, -1));
+    EXPECT_EQ(object->type, &type);
+    EXPECT_EQ(object->own, 1);
+    EXPECT_EQ(object->ptr, numbers);
+    EXPECT_EQ(lua_gettop(L), 1);
+}
+
+TEST_F(PointerObjects, areNilForANullPointerOwnedOrNot)
+{
+    for (const int own : {0, 1}) {
+        SWIG_Lua_PushPointer(L, nullptr, &type, own);
+        EXPECT_TRUE(lua_isnil(L, -1));
+    }
+    EXPECT_EQ(lua_gettop(L), 2);
+}
+
+TEST_F(PointerObjects, haveNoMetatableWithoutAClass)
+{
+    SWIG_Lua_PushPointer(L, numbers, &type, 0);
+    EXPECT_EQ(lua_getmetatable(L, -1), 0);
+}
+
+TEST_F(PointerObjects, convertToTheirPointer)
+{
+    SWIG_Lua_PushPointer(L, numbers, &type, 1);
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, 1, &out, &type), 0);
+    EXPECT_EQ(out, numbers);
+    EXPECT_EQ(static_cast<PointerObject *>(lua_touserdata(L, 1))->own, 1) << "still owned";
+    EXPECT_EQ(lua_gettop(L), 1);
+}
+
+TEST_F(PointerObjects, convertFromAnAbsoluteAndARelativeIndex)
+{
+    SWIG_Lua_PushPointer(L, numbers, &type, 0);
+    lua_pushnumber(L, 5);
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, 1, &out, &type), 0);
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, -2, &out, &type), 0);
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, -1, &out, &type), -1);
+}
+
+TEST_F(PointerObjects, nilConvertsToANullPointer)
+{
+    lua_pushnil(L);
+    EXPECT_EQ(convertTop(&type), 0);
+    EXPECT_EQ(out, nullptr);
+    out = this;
+    lua_pushnil(L);
+    EXPECT_EQ(convertTop(nullptr), 0);
+    EXPECT_EQ(out, nullptr);
+}
+
+TEST_F(PointerObjects, anAbsentValueDoesNotConvert)
+{
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, 1, &out, &type), -1);
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, 1, &out, nullptr), -1);
+    EXPECT_EQ(out, this);
+}
+
+TEST_F(PointerObjects, valuesOfOtherLuaTypesDoNotConvert)
+{
+    const char *const texts[] = {"0", "5", "'5'", "''", "true", "false", "{}", "print", "newproxy"};
+    for (const char *const text : texts) {
+        for (TypeRecord *const expected : {&type, static_cast<TypeRecord *>(nullptr)}) {
+            run(std::string("_V = ") + text);
+            lua_getglobal(L, "_V");
+            EXPECT_EQ(convertTop(expected), -1) << text;
+        }
+    }
+    EXPECT_EQ(out, this);
+}
+
+TEST_F(PointerObjects, ofAnotherTypeDoNotConvert)
+{
+    SWIG_Lua_PushPointer(L, numbers, &other, 0);
+    EXPECT_EQ(convertTop(&type), -1);
+    EXPECT_EQ(out, this);
+}
+
+TEST_F(PointerObjects, ofARecordOfTheSameNameDoNotConvert)
+{
+    TypeRecord sameName = makeType("_p_int", "int *|int32_t *");
+    SWIG_Lua_PushPointer(L, numbers, &sameName, 0);
+    EXPECT_EQ(convertTop(&type), -1);
+}
+
+TEST_F(PointerObjects, convertWithoutAnExpectedTypeWhateverTheirs)
+{
+    SWIG_Lua_PushPointer(L, numbers, &other, 0);
+    EXPECT_EQ(convertTop(nullptr), 0);
+    EXPECT_EQ(out, numbers);
+    SWIG_Lua_PushPointer(L, numbers + 1, nullptr, 0);
+    EXPECT_EQ(convertTop(nullptr), 0);
+    EXPECT_EQ(out, numbers + 1);
+}
+
+TEST_F(PointerObjects, ofAnAcceptedTypeConvertAndMoveItsCastToTheFront)
+{
+    CastRecord fromOther = makeCast(&other);
+    SWIG_LinkCast(&type, &fromOther);
+    ASSERT_EQ(castNames(type), (Names{"_p_short", "_p_int"}));
+    SWIG_Lua_PushPointer(L, numbers, &type, 0);
+    EXPECT_EQ(convertTop(&type), 0);
+    EXPECT_EQ(castNames(type), (Names{"_p_int", "_p_short"}));
+    SWIG_Lua_PushPointer(L, numbers, &other, 0);
+    EXPECT_EQ(convertTop(&type), 0);
+    EXPECT_EQ(out, numbers);
+    EXPECT_EQ(castNames(type), (Names{"_p_short", "_p_int"}));
+}
+
+TEST_F(PointerObjects, convertOnlyInTheDirectionOfTheCast)
+{
+    CastRecord fromOther = makeCast(&other);
+    SWIG_LinkCast(&type, &fromOther);
+    SWIG_Lua_PushPointer(L, numbers, &type, 0);
+    EXPECT_EQ(convertTop(&other), -1);
+}
+
+TEST_F(PointerObjects, goThroughTheConverterOfTheirCast)
+{
+    CastRecord fromOther = makeCast(&other, toSecond);
+    SWIG_LinkCast(&type, &fromOther);
+    conversions = 0;
+    SWIG_Lua_PushPointer(L, numbers, &other, 0);
+    EXPECT_EQ(convertTop(&type), 0);
+    EXPECT_EQ(out, numbers + 1);
+    SWIG_Lua_PushPointer(L, numbers, &type, 0);
+    EXPECT_EQ(convertTop(&type), 0);
+    EXPECT_EQ(out, numbers) << "the cast to itself has none";
+    EXPECT_EQ(conversions, 1);
+}
+
+TEST_F(PointerObjects, abortWhenTheirConverterReportsNewMemory)
+{
+    CastRecord fromOther = makeCast(&other, toNewMemory);
+    SWIG_LinkCast(&type, &fromOther);
+    SWIG_Lua_PushPointer(L, numbers, &other, 0);
+    EXPECT_INVARIANT(SWIG_Lua_ConvertPtr(L, -1, &out, &type), 1319, "SWIG_Lua_ConvertPtr",
+                     "!newmemory");
+}
+
+TEST_F(PointerObjects, packedKeepACopyOfTheBytes)
+{
+    char bytes[] = "twelve bytes and more";
+    SWIG_Lua_NewPackedObj(L, bytes, sizeof bytes, &type);
+    bytes[0] = 'X';
+    ASSERT_EQ(lua_type(L, -1), LUA_TUSERDATA);
+    EXPECT_EQ(lua_objlen(L, -1), sizeof(void *) + sizeof(int) + sizeof bytes);
+    const auto *const object = static_cast<PackedObject *>(lua_touserdata(L, -1));
+    EXPECT_EQ(object->type, &type);
+    EXPECT_EQ(object->own, 0);
+    EXPECT_STREQ(object->data, "twelve bytes and more");
+    EXPECT_EQ(lua_gettop(L), 1);
+    EXPECT_EQ(lua_getmetatable(L, -1), 0);
+}
+
+TEST_F(PointerObjects, packedMayBeEmpty)
+{
+    SWIG_Lua_NewPackedObj(L, "", 0, &type);
+    EXPECT_EQ(lua_objlen(L, -1), sizeof(void *) + sizeof(int));
+}
+
+TEST_F(PointerObjects, packedAreNotMadeFromANullPointer)
+{
+    EXPECT_INVARIANT(SWIG_Lua_NewPackedObj(L, nullptr, 4, &type), 1341, "SWIG_Lua_NewPackedObj",
+                     "ptr");
+}
+
+class TypeNames : public PointerObjects
+{
+protected:
+    TypeNames()
+    {
+        name("swig_type", SWIG_Lua_type);
+    }
+};
+
+TEST_F(TypeNames, areLuasOwnForPlainValues)
+{
+    EXPECT_EQ(value("swig_type(nil)"), "nil");
+    EXPECT_EQ(value("swig_type(1)"), "number");
+    EXPECT_EQ(value("swig_type('1')"), "string");
+    EXPECT_EQ(value("swig_type(true)"), "boolean");
+    EXPECT_EQ(value("swig_type({})"), "table");
+    EXPECT_EQ(value("swig_type(print)"), "function");
+    EXPECT_EQ(value("swig_type(coroutine.create(function() end))"), "thread");
+}
+
+TEST_F(TypeNames, ofAnAbsentValueIsNoValue)
+{
+    EXPECT_EQ(value("swig_type()"), "no value");
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, 7), "no value");
+}
+
+TEST_F(TypeNames, areOneStringOfTheFirstArgument)
+{
+    EXPECT_EQ(value("select('#', swig_type(1, nil))"), "1");
+    EXPECT_EQ(value("swig_type(1, nil)"), "number");
+}
+
+TEST_F(TypeNames, ofPointerObjectsAreTheWholeTextWithAllAlternatives)
+{
+    SWIG_Lua_PushPointer(L, numbers, &type, 0);
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, -1), "int *|int32_t *");
+    name("p");
+    EXPECT_EQ(value("swig_type(p)"), "int *|int32_t *");
+}
+
+TEST_F(TypeNames, ofPackedObjectsAreTheWholeTextToo)
+{
+    SWIG_Lua_NewPackedObj(L, numbers, sizeof numbers, &type);
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, -1), "int *|int32_t *");
+}
+
+TEST_F(TypeNames, areUnknownWithoutATypeOrItsText)
+{
+    TypeRecord nameless = makeType("_p_x", nullptr);
+    SWIG_Lua_PushPointer(L, numbers, nullptr, 0);
+    SWIG_Lua_PushPointer(L, numbers, &nameless, 0);
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, 1), "userdata (unknown type)");
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, 2), "userdata (unknown type)");
+}
+
+TEST_F(TypeNames, ofALightUserdataAreReadThroughIt)
+{
+    PointerObject object{&type, 0, numbers};
+    lua_pushlightuserdata(L, &object);
+    lua_pushlightuserdata(L, nullptr);
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, 1), "int *|int32_t *");
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, 2), "userdata (unknown type)");
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, 1, &out, &type), 0);
+    EXPECT_EQ(out, numbers);
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, 2, &out, &type), -1);
+}
+
+TEST_F(TypeNames, leaveTheStackAlone)
+{
+    SWIG_Lua_PushPointer(L, numbers, &type, 0);
+    SWIG_Lua_TypeName(L, 1);
+    SWIG_Lua_TypeName(L, -1);
+    SWIG_Lua_TypeName(L, 2);
+    EXPECT_EQ(lua_gettop(L), 1);
+}
+
+TEST_F(TypeNames, areNotWhatTellsStringsAndNil)
+{
+    lua_pushnil(L);
+    lua_pushstring(L, "text");
+    lua_pushnumber(L, 5);
+    lua_pushboolean(L, 1);
+    SWIG_Lua_PushPointer(L, numbers, &type, 0);
+    for (const int index : {1, 2, 3}) {
+        EXPECT_NE(SWIG_Lua_IsStringOrNil(L, index), 0) << index;
+    }
+    for (const int index : {4, 5, 6}) { // the last is absent
+        EXPECT_EQ(SWIG_Lua_IsStringOrNil(L, index), 0) << index;
+    }
+}
+
+class Equality : public PointerObjects
+{
+protected:
+    Equality()
+    {
+        name("swig_equals", SWIG_Lua_equal);
+        push("first", numbers, &type);
+        push("again", numbers, &type);
+        push("as_other", numbers, &other);
+        push("second", numbers + 1, &type);
+    }
+
+    void push(const char *global, void *pointer, TypeRecord *ofType)
+    {
+        SWIG_Lua_PushPointer(L, pointer, ofType, 0);
+        name(global);
+    }
+};
+
+TEST_F(Equality, isThatOfThePointers)
+{
+    EXPECT_EQ(value("swig_equals(first, first)"), "true");
+    EXPECT_EQ(value("swig_equals(first, again)"), "true");
+    EXPECT_EQ(value("swig_equals(first, second)"), "false");
+}
+
+TEST_F(Equality, doesNotLookAtTheTypes)
+{
+    EXPECT_EQ(value("swig_equals(first, as_other)"), "true");
+}
+
+TEST_F(Equality, hasNoResultUnlessBothAreUserdata)
+{
+    for (const char *const arguments :
+         {"first, 5", "5, first", "5, 5", "first, nil", "nil, nil", "first", ""}) {
+        const std::string call = std::string("swig_equals(") + arguments + ")";
+        EXPECT_EQ(value("select('#', " + call + ")"), "0") << call;
+    }
+}
+
+} // namespace
