@@ -130,8 +130,10 @@ void SWIG_Lua_RegisterClass(lua_State *L, ClassRecord *classRecord)
 
 void SWIG_Lua_add_class_details(lua_State *L, const ClassRecord *classRecord)
 {
-    for (std::size_t i = 0; classRecord->bases[i] != nullptr; ++i) {
-        SWIG_Lua_add_class_details(L, classRecord->bases[i]);
+    for (std::size_t i = 0; classRecord->baseNames[i] != nullptr; ++i) {
+        if (classRecord->bases[i] != nullptr) { // one that is not known is left out
+            SWIG_Lua_add_class_details(L, classRecord->bases[i]);
+        }
     }
     for (std::size_t i = 0; classRecord->attributes[i].name != nullptr; ++i) {
         addAttribute(L, classRecord->attributes[i]);
