@@ -3,20 +3,7 @@
 #include "calibration.h"
 
 #include "files.h"
-
-#define TOML_HEADER_ONLY 1
-#define TOML_EXCEPTIONS 0
-#define TOML_ENABLE_FORMATTERS 0
-// toml++ asserts, or lets the optimiser assume, that a key starts with a key's character before it
-// reports that it does not ("[=" is enough). No file may abort the process, in any build.
-#include <toml++/impl/preprocessor.h>
-#undef TOML_ASSERT
-#undef TOML_ASSERT_ASSUME
-#undef TOML_ASSUME
-#define TOML_ASSERT(...) static_assert(true)
-#define TOML_ASSERT_ASSUME(...) static_assert(true)
-#define TOML_ASSUME(...) static_assert(true)
-#include <toml++/toml.h>
+#include "toml.h"
 
 #include <algorithm>
 #include <string_view>

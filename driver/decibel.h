@@ -8,9 +8,12 @@
 namespace sorel
 {
 
+// ln 10 / 10. exp() and log() take half the time of pow() and log10().
+constexpr double lnPerDecibel = 0.23025850929940457;
+
 inline double ratio(double decibels)
 {
-    return std::pow(10.0, decibels * 0.1);
+    return std::exp(decibels * lnPerDecibel);
 }
 
 inline double milliwatts(double dBm)
@@ -20,7 +23,7 @@ inline double milliwatts(double dBm)
 
 inline double dBmOf(double milliwatts)
 {
-    return 10.0 * std::log10(milliwatts);
+    return std::log(milliwatts) / lnPerDecibel;
 }
 
 } // namespace sorel
