@@ -19,8 +19,8 @@
  *   RADIO_EIO      the hardware did not answer
  *
  * Readings have no status. One that fails (null or closed context, no radioInit() where one is
- * needed, an antenna that does not exist) is a not-a-number for a float, INT32_MIN for an int32_t,
- * UINT32_MAX for a uint32_t, and a null pointer for a text.
+ * needed, an antenna that does not exist, a receiver that is off) is a not-a-number for a float,
+ * INT32_MIN for an int32_t, UINT32_MAX for a uint32_t, and a null pointer for a text.
  *
  * Pointers that the library returns stay the library's and must not be freed. Pointers handed to it
  * stay the caller's; the library keeps none of them after the call, with one exception:
@@ -253,29 +253,36 @@ SOREL_API RadioContext *radioOpen(void);
 /* Closes the radio and switches its transmitters off. The context must not be used afterwards. */
 SOREL_API RadioReturn radioClose(RadioContext *context);
 
-/* Selects the paths that functions without an antenna parameter apply to, from the next call on.
- * RADIO_SELECT_ALL after radioOpen() and radioReset(). */
+/* Selects the paths that functions without an antenna parameter apply to, where they say so, from
+ * the next call on. RADIO_SELECT_ALL after radioOpen() and radioReset(). Needs no radioInit(). */
 SOREL_API RadioReturn radioSelect(RadioContext *context, RadioSelectIndex paths);
 
-/* Sets the radio up for an antenna configuration, a mode and a band. Transmitters and receivers are
- * switched off and untuned afterwards, with gains, limits and offsets at their defaults. */
+/* Sets the radio up for an antenna configuration, a mode and a band. Afterwards the receivers are
+ * on and the transmitters off, both tuned to the middle of the band; the receivers are in manual
+ * gain mode at the highest gain, the transmitters limited to the highest power, without offsets,
+ * loopback or tables. The selected paths stay. Another platform than before starts with fresh
+ * registers and oscillator, and without a CPRI link. RADIO_EERROR: the CPRI link that
+ * radioCpriInit() has started is too slow for it. */
 SOREL_API RadioReturn radioInit(RadioContext *context, RadioConf configuration, RadioMode mode,
                                 RadioBand band);
 
-/* As radioInit(), then runs the initialisation script of that path. A null script is RADIO_EINVAL.
- */
+/* As radioInit(), then runs the initialisation script in the file of that path. RADIO_EINVAL, with
+ * nothing done, for a null path and a file that cannot be read or does not parse. */
 SOREL_API RadioReturn radioInitByScript(RadioContext *context, RadioConf configuration,
                                         RadioMode mode, RadioBand band, const char *script);
 
-/* Starts the CPRI link at a line rate. RADIO_ENOTSUP on a platform without CPRI or that rate. */
+/* Starts the CPRI link at a line rate. Until radioReset() or another platform it limits what
+ * radioInit() may set up. RADIO_ENOTSUP: the platform lacks CPRI or that rate. RADIO_EERROR: the
+ * rate is too low for what is set up. Needs no radioInit(). */
 SOREL_API RadioReturn radioCpriInit(RadioContext *context, RadioCpriRate rate);
 
-/* Puts the hardware into the state after radioOpen(): switched off and not initialised. The
- * platform, the calibration data and the debug settings are kept. */
+/* Puts the hardware into the state after radioOpen(): switched off, not initialised, all paths
+ * selected. The platform, the calibration data and the debug settings are kept. */
 SOREL_API RadioReturn radioReset(RadioContext *context);
 
 /* Loads calibration data from the file of that path, in place of what was loaded before.
- * A null path is RADIO_EINVAL; on any failure the data loaded before are kept. */
+ * RADIO_EINVAL, with what was loaded before kept, for a null path and a file that cannot be read or
+ * holds no calibration data. Needs no radioInit(). */
 SOREL_API RadioReturn radioLoadCalibrationFile(RadioContext *context, const char *path);
 
 /* Looks an integer of the calibration data up by name and stores it through value.
@@ -304,7 +311,8 @@ SOREL_API char **radioGetDriverNames(RadioContext *context);
 
 /* ---- Transmit path ------------------------------------------------------------------------- */
 
-/* Tunes the transmitters. In hertz, within the transmit range of the band. */
+/* Tunes the transmitters. In hertz, within the transmit range of the band. In a TDD mode the
+ * receivers follow. */
 SOREL_API RadioReturn radioSetTxFrequency(RadioContext *context, uint32_t frequency);
 
 /* Tunes the transmitters to a channel of the band: the EARFCN (3GPP TS 36.101 section 5.7.3),
@@ -337,7 +345,8 @@ SOREL_API RadioReturn radioSetTxPowerRegisters(RadioContext *context, const uint
 
 /* ---- Receive path -------------------------------------------------------------------------- */
 
-/* Tunes the receivers. In hertz, within the receive range of the band. */
+/* Tunes the receivers. In hertz, within the receive range of the band. In a TDD mode the
+ * transmitters follow. */
 SOREL_API RadioReturn radioSetRxFrequency(RadioContext *context, uint32_t frequency);
 
 /* Tunes the receivers to a channel of the band; the numbers are those of radioSetTxChannel(). */
@@ -391,10 +400,13 @@ SOREL_API int32_t radioGetRxGainOfAntennaIndB(RadioContext *context, RadioRxAnte
 
 /* ---- SPI registers and reference oscillator ------------------------------------------------ */
 
-/* Reads the radio chip's register at address. Needs no radioInit(). */
+/* Reads the radio chip's register at address. Needs no radioInit(). UINT32_MAX where there is no
+ * register: a bus that nobody drives. */
 SOREL_API uint32_t radioSpiRead(RadioContext *context, uint32_t address);
 
-/* Writes the radio chip's register at address; value carries its 32 bits. Needs no radioInit(). */
+/* Writes the radio chip's register at address; value carries its 32 bits. Needs no radioInit().
+ * RADIO_EINVAL: there is no register, or it does not take that value. RADIO_ENOTSUP: it can only be
+ * read. */
 SOREL_API RadioReturn radioSpiWrite(RadioContext *context, uint32_t address, int32_t value);
 
 /* Sets the DAC that tunes the reference oscillator, 0 to 2^width - 1. Needs no radioInit(). */
