@@ -17,7 +17,7 @@ int nativeRadioOpen(lua_State *)
 int nativeRadioClose(lua_State *L)
 {
     if (appContext == nullptr) {
-        lua_pushstring(L, "No radio context, call radioOpen() first");
+        lua_pushstring(L, noRadioContext);
         return lua_error(L);
     }
     appRadioClose();

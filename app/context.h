@@ -6,6 +6,9 @@
 
 struct lua_State;
 
+// The error of a function that needs a context while none is open.
+inline constexpr char noRadioContext[] = "No radio context, call radioOpen() first";
+
 // The open context; null while none is open. Only appRadioOpen and appRadioClose write it.
 extern RadioContext *appContext;
 

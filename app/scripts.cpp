@@ -15,7 +15,8 @@ void runQuietly(lua_State *L, const char *text)
     }
 }
 
-// Runs the chunk on top of the stack, or raises the error that stands there in its place.
+// Runs the chunk on top of the stack. Where loading it failed, the error is there instead, and
+// raised.
 void runLoaded(lua_State *L, int loadStatus)
 {
     if (loadStatus != 0 || lua_pcall(L, 0, 0, 0) != 0) {

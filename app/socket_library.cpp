@@ -6,6 +6,7 @@
 //   connected, so that an option set before fails. Its tcp4() and udp4() are what tcp() and udp()
 //   were.
 // - Its protect() catches only what the functions of newtry() raise.
+// - Its getsockname() returns the port as a string.
 // - It names another version.
 // What it has beyond 2.0.2 is left as it is.
 #include "app/libraries.h"
@@ -18,6 +19,10 @@ extern "C" int luaopen_socket_core(lua_State *L);
 
 namespace
 {
+
+const char *const socketClasses[] = {
+    "tcp{master}", "tcp{client}", "tcp{server}", "udp{connected}", "udp{unconnected}",
+};
 
 // What protect() returns: calls the function that is the upvalue. An error that is a table becomes
 // the results nil and the first element; any other is raised again.
@@ -54,12 +59,42 @@ void replaceField(lua_State *L, int core, const char *field, const char *by)
     }
 }
 
+// getsockname() of a socket; the upvalue is the core's own.
+int getSocketName(lua_State *L)
+{
+    lua_pushvalue(L, lua_upvalueindex(1));
+    lua_insert(L, 1);
+    lua_call(L, lua_gettop(L) - 1, LUA_MULTRET);
+    if (lua_isstring(L, 1) && lua_isnumber(L, 2)) {
+        lua_pushnumber(L, lua_tonumber(L, 2));
+        lua_replace(L, 2);
+    }
+    return lua_gettop(L);
+}
+
+// Lets getsockname() of all sockets of a class return the port as a number.
+void returnPortAsNumber(lua_State *L, const char *className)
+{
+    luaL_getmetatable(L, className);
+    if (lua_istable(L, -1)) {
+        lua_getfield(L, -1, "__index");
+        lua_getfield(L, -1, "getsockname");
+        lua_pushcclosure(L, getSocketName, 1);
+        lua_setfield(L, -2, "getsockname");
+        lua_pop(L, 1);
+    }
+    lua_pop(L, 1);
+}
+
 void offerVersion202(lua_State *L, int core)
 {
     replaceField(L, core, "tcp", "tcp4");
     replaceField(L, core, "udp", "udp4");
     lua_pushcclosure(L, protect, 0);
     lua_setfield(L, core, "protect");
+    for (const char *const className : socketClasses) {
+        returnPortAsNumber(L, className);
+    }
     lua_pushliteral(L, "LuaSocket 2.0.2");
     lua_setfield(L, core, "_VERSION");
     lua_pushvalue(L, core);

@@ -6,7 +6,6 @@
 #include <lua.hpp>
 
 inline constexpr char negativeNumber[] = "number must not be negative";
-inline constexpr char noRadioContext[] = "No radio context, call radioOpen() first";
 
 // Raises a fixed message.
 [[noreturn, gnu::cold]] void raiseMessage(lua_State *L, const char *message);

@@ -65,11 +65,15 @@ int pushResult(lua_State *L, Result result)
     if constexpr (std::is_same_v<Result, RadioReturn>) {
         checkStatus<name>(L, result);
         return 0;
+    } else if constexpr (std::is_enum_v<Result>) {
+        // A driver header that does not fix the type of an enumeration leaves its sign open.
+        lua_pushnumber(L, static_cast<std::int32_t>(result));
+        return 1;
     } else if constexpr (std::is_same_v<Result, const char *>) {
         lua_pushstring(L, result);
         return 1;
     } else {
-        static_assert(std::is_arithmetic_v<Result> || std::is_enum_v<Result>);
+        static_assert(std::is_arithmetic_v<Result>);
         lua_pushnumber(L, static_cast<lua_Number>(result));
         return 1;
     }

@@ -39,7 +39,8 @@ bool isMetamethod(const char *name)
     return name[0] == '_' && name[1] == '_';
 }
 
-// Pushes the metatable of the object at index 1. broken: it has none.
+// Pushes the metatable of the object at index 1; line and function are those of the report when it
+// has none.
 void pushObjectMetatable(lua_State *L, unsigned line, const char *function)
 {
     checkInvariant(lua_getmetatable(L, 1) != 0, topIsTable, line, function);
@@ -207,8 +208,9 @@ int SWIG_Lua_class_set(lua_State *L)
 
 int SWIG_Lua_class_destruct(lua_State *L)
 {
-    checkInvariant(lua_isuserdata(L, 1), "lua_isuserdata(L,-1)", 1106, "SWIG_Lua_class_destruct");
-    PointerObject *const object = SWIG_Lua_ToPointerObject(L, 1);
+    const int top = lua_gettop(L);
+    checkInvariant(lua_isuserdata(L, top), "lua_isuserdata(L,-1)", 1106, "SWIG_Lua_class_destruct");
+    PointerObject *const object = SWIG_Lua_ToPointerObject(L, top);
     if (object == nullptr || object->own == 0) {
         return 0;
     }

@@ -36,5 +36,5 @@ int SWIG_Lua_class_get(lua_State *L);
 // dropped without an error.
 int SWIG_Lua_class_set(lua_State *L);
 
-// "__gc" (object): frees the native object if Lua owns it.
+// "__gc" (object): frees the native object if Lua owns it. The object is the last argument.
 int SWIG_Lua_class_destruct(lua_State *L);

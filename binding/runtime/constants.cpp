@@ -27,6 +27,7 @@ bool pushConstant(lua_State *L, const ConstantEntry &constant)
                               *constant.type);
         return true;
     case characterConstant:
+        // Formatted, so that a zero byte gives an empty string.
         lua_pushfstring(L, "%c", static_cast<unsigned char>(constant.integer));
         return true;
     default:

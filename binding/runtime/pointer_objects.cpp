@@ -63,7 +63,8 @@ TypeRecord *typeOfUserdata(lua_State *L, int index)
     return ofClass || isSharedType(L, *block) ? *block : nullptr;
 }
 
-// The native pointer in the userdata at index; false when there is no room for one.
+// The native pointer in the userdata at index, whatever made that; false when it has no room for
+// one.
 bool pointerOfUserdata(lua_State *L, int index, void **ptr)
 {
     const auto *const object =

@@ -71,12 +71,14 @@ def environment(driver, more):
 
 
 def preloading(library):
-    """The variables that load a library of preload/ ahead of all others. An emulator is told of it
-    in a variable of its own, since it is no program of the kind that could load the library."""
-    variable = f"LD_PRELOAD={PRELOAD / library}"
+    """The variables that load a library of preload/ ahead of all others. It is found by its folder
+    on the library path, since blanks, which that folder may have, end a name in LD_PRELOAD. An
+    emulator is told of it in a variable of its own, since it is no program of the kind that could
+    load the library."""
+    path = {"LD_LIBRARY_PATH": f"{RECORDING}:{PRELOAD}"}
     if Path(COMMAND[0]).name.startswith("qemu"):
-        return {"QEMU_SET_ENV": variable}
-    return dict([variable.split("=", 1)])
+        return path | {"QEMU_SET_ENV": f"LD_PRELOAD={library}"}
+    return path | {"LD_PRELOAD": library}
 
 
 def run(*arguments, stdin="", answers="", driver=RECORDING, **more):
@@ -129,12 +131,12 @@ def raised(text, **more):
     )
 
 
-def prompt(*arguments, driver=RECORDING):
+def prompt(*arguments, driver=RECORDING, **more):
     """Starts the executable on a terminal and waits for its prompt. It echoes nothing."""
     terminal = pexpect.spawn(
-        COMMAND[0],
-        COMMAND[1:] + list(arguments),
-        env=environment(driver, {"TERM": "dumb"}),
+        "/usr/bin/env",  # pexpect would split a lone command at its blanks
+        COMMAND + list(arguments),
+        env=environment(driver, {"TERM": "dumb"} | more),
         encoding="latin-1",
         echo=False,
         timeout=SECONDS,

@@ -132,3 +132,19 @@ def test_a_userdata_that_is_no_file_of_the_driver_is_refused_by_the_drivers_coun
 def test_exactly_one_debug_file_is_taken(arguments, count):
     expected = count_message("radioSetDebugFile", 1, count)
     assert refusal(f"radioSetDebugFile({arguments})") == expected
+
+
+@both
+def test_a_radio_opened_anew_by_a_finaliser_meanwhile_is_not_the_one_called(getter):
+    # A name given as a number becomes a string, and making one may run the collector; here it is
+    # held back until then.
+    ran = lua(
+        "collectgarbage('setstepmul', 1000000) collectgarbage('stop') "
+        "getmetatable(newproxy(true)).__gc = function() radioOpen() end "
+        f"collectgarbage('restart') {getter}(0.25, nil)"
+    )
+    assert ran.calls == [
+        "radioClose(context1)",
+        "radioOpen() = context2",
+        f'{getter}(context1, "0.25", null)',
+    ]

@@ -122,11 +122,19 @@ def test_the_destructor_frees_only_what_lua_owns():
         ("__index(newproxy(true), 'name')", 1013, "get", "(lua_type(L, (-1)) == 5)"),
         ("__newindex(5, 'name', 1)", 1064, "set", "lua_isuserdata(L,1)"),
         ("__newindex(newproxy(), 'name', 1)", 1066, "set", "(lua_type(L, (-1)) == 5)"),
+        ("__gc()", 1106, "destruct", "lua_isuserdata(L,-1)"),
         ("__gc(5)", 1106, "destruct", "lua_isuserdata(L,-1)"),
+        ("__gc(h, 5)", 1106, "destruct", "lua_isuserdata(L,-1)"),
     ],
 )
 def test_a_metamethod_called_on_something_else_ends_the_process(call, line, function, assertion):
     assert_broken(f"{NEW} class.{call}", line, f"SWIG_Lua_class_{function}", assertion)
+
+
+@pytest.mark.parametrize("foreign", ["io.stdout", "socket.tcp()", "newproxy(true)"])
+def test_the_destructor_leaves_what_other_libraries_made_alone(foreign):
+    ran = lua(NEW + f"local foreign = {foreign} class.__gc(foreign) print(tostring(foreign) ~= nil)")
+    assert ran.out == "true\n"
 
 
 @pytest.mark.parametrize("field, line", [(".get", 1013), (".fn", 1028)])

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
 """The line reader: its bound, zero bytes, the end of input."""
 
-from signal import SIGABRT
+from signal import SIGABRT, SIGINT
 
 import pexpect
 import pytest
@@ -129,3 +129,13 @@ def test_an_exit_word_on_a_terminal_ends_with_status_0(word):
     terminal.expect(pexpect.EOF)
     terminal.close()
     assert (terminal.before, terminal.exitstatus) == ("", 0)
+
+
+def test_ctrl_c_ends_the_shell_by_its_signal_and_leaves_the_radio_open(tmp_path):
+    log = tmp_path / "log"
+    terminal = prompt(RECORDING_DRIVER_LOG=str(log))
+    terminal.sendintr()
+    terminal.expect(pexpect.EOF)
+    terminal.close()
+    assert (terminal.exitstatus, terminal.signalstatus) == (None, SIGINT)
+    assert log.read_text() == "radioOpen() = context1\n"

@@ -23,6 +23,8 @@ UNKNOWN = "userdata (unknown type)"
         ("radioGetDriverNames()", "char **"),
         ("newproxy()", UNKNOWN),
         ("newproxy(true)", UNKNOWN),
+        ("io.stdout", UNKNOWN),
+        ("socket.tcp()", UNKNOWN),
         ("1, {}, nil", "number"),
     ],
 )

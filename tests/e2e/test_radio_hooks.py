@@ -168,6 +168,12 @@ def test_every_record_is_freed_once():
     assert (lines.count("made"), lines.count("freed")) == (500, 500)
 
 
+def test_the_destructor_takes_the_last_argument():
+    assert records("kept = RadioHooks() getmetatable(kept).__gc(5, kept) io.stderr:write('end ')") == (
+        ["made", "freed", "end"]
+    )
+
+
 def test_a_record_freed_by_calling_the_destructor_is_not_freed_again():
     assert records("local h = RadioHooks() getmetatable(h).__gc(h) getmetatable(h).__gc(h)") == (
         ["made", "freed"]

@@ -36,6 +36,11 @@ def test_a_long_table_arrives_whole(setter):
 
 # A Lua value -> the word it arrives as: what its text reads as in decimal digits, in 32 bits.
 WORDS = {
+    r"'\t5'": 5,
+    r"'\n5'": 5,
+    r"'\v5'": 5,
+    r"'\f5'": 5,
+    r"'\r5'": 5,
     "0": 0,
     "-0": 0,
     "0.5": 0,

@@ -46,3 +46,19 @@ def test_a_finaliser_that_fails_changes_neither_status_nor_radio():
     )
     assert (ran.out, ran.err, ran.status) == ("", "", 0)
     assert ran.log == ["radioOpen() = context1", "radioClose(context1)"]
+
+
+def test_the_radio_is_closed_after_a_batch_file(tmp_path):
+    script = tmp_path / "script.lua"
+    script.write_text("radioReset()")
+    ran = run("-b", str(script))
+    assert (ran.status, ran.log[-1]) == (0, "radioClose(context1)")
+
+
+def test_a_radio_opened_by_a_finaliser_after_the_end_stays_open():
+    ran = lua("kept = newproxy(true) getmetatable(kept).__gc = radioOpen")
+    assert ran.log == [
+        "radioOpen() = context1",
+        "radioClose(context1)",
+        "radioOpen() = context2",
+    ]

@@ -93,7 +93,7 @@ def test_a_new_socket_exists_and_takes_options_at_once(kind, options):
 @pytest.mark.parametrize("kind, bind", [("tcp", "bind"), ("udp", "setsockname")])
 def test_a_new_socket_is_one_of_ipv4(kind, bind):
     ran = lua(f"local s = socket.{kind}() print(s:{bind}('0.0.0.0', 0)) "
-              "local address, port = s:getsockname() print(address, tonumber(port) > 0)")
+              "local address, port = s:getsockname() print(address, port > 0)")
     assert ran.out == "1\n0.0.0.0\ttrue\n"
     refused = lua(f"print((socket.{kind}():{bind}('::1', 0)))")
     assert refused.out == "nil\n"
@@ -207,3 +207,52 @@ def test_requiring_the_core_gives_the_same_table():
 
 def test_the_core_for_mime_is_not_opened():
     assert lua("print(mime, package.loaded['mime.core'])").out == "nil\tnil\n"
+
+
+def test_without_the_lua_part_require_gives_the_core_alone():
+    ran = lua("print(require 'socket' == socket, socket.bind)", LUA_PATH="/nonexistent/?.lua")
+    assert ran.out == "true\tnil\n"
+
+
+@pytest.mark.parametrize("make", ["tcp", "udp"])
+def test_the_port_of_a_socket_is_a_number(make):
+    bind = {"tcp": "bind", "udp": "setsockname"}[make]
+    ran = lua(f"local s = socket.{make}() assert(s:{bind}('127.0.0.1', 0)) "
+              "local address, port = s:getsockname() print(address, type(port), port > 0)")
+    assert ran.out == "127.0.0.1\tnumber\ttrue\n"
+
+
+def test_both_ends_of_a_connection_name_the_same_ports():
+    ran = lua(
+        "local server = socket.tcp() assert(server:bind('127.0.0.1', 0)) server:listen() "
+        "local client = socket.tcp() "
+        "assert(client:connect('127.0.0.1', (select(2, server:getsockname())))) "
+        "local accepted = server:accept() "
+        "print((select(2, accepted:getsockname())) == (select(2, client:getpeername())), "
+        "      (select(2, client:getsockname())) == (select(2, accepted:getpeername())))"
+    )
+    assert ran.out == "true\ttrue\n"
+
+
+def test_the_name_of_a_closed_socket_is_an_error():
+    ran = lua("local s = socket.tcp() s:close() print((s:getsockname()))")
+    assert ran.out == "nil\n"
+
+
+def test_a_refused_connection_is_an_error():
+    ran = lua(
+        "local unused = socket.tcp() unused:bind('127.0.0.1', 0) "
+        "local port = select(2, unused:getsockname()) unused:close() "
+        "print(socket.tcp():connect('127.0.0.1', port))"
+    )
+    assert ran.out == "nil\tconnection refused\n"
+
+
+def test_select_names_the_socket_that_can_be_read():
+    ran = lua(
+        "local a, b = socket.udp(), socket.udp() a:setsockname('127.0.0.1', 0) "
+        "print(#socket.select({a}, nil, 0), (select(3, socket.select({a}, nil, 0)))) "
+        "b:sendto('x', a:getsockname()) "
+        "print(socket.select({a}, nil, 5)[1] == a)"
+    )
+    assert ran.out == "0\ttimeout\ntrue\n"

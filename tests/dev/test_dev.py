@@ -1,0 +1,123 @@
+# SPDX-License-Identifier: LicenseRef-Proprietary
+"""./dev, as a person uses it. Environment: SORELAPP_SOURCE_DIR, the root of the source tree."""
+
+import os
+import subprocess
+from pathlib import Path
+
+import pytest
+
+ROOT = Path(os.environ["SORELAPP_SOURCE_DIR"])
+DEV = ROOT / "dev"
+
+
+def dev(*arguments, program=DEV, stdin="", **more):
+    return subprocess.run(
+        [program, *arguments], input=stdin, capture_output=True, text=True, check=False, **more
+    )
+
+
+@pytest.fixture(scope="module", autouse=True)
+def built_tree():
+    """Later runs have nothing to do."""
+    done = dev("run", "-c", "")
+    assert done.returncode == 0, done.stderr
+
+
+def test_on_a_built_tree_it_prints_what_the_shell_prints_and_nothing_else():
+    done = dev("run", "-c", "print(1)")
+    assert (done.stdout, done.stderr, done.returncode) == ("1\n", "", 0)
+
+
+def test_the_shell_stands_on_the_simulated_board():
+    assert "simulated" in dev("run", "-c", "print(radioGetPlatformName())").stdout
+
+
+def test_a_file_is_looked_for_where_the_person_stands(tmp_path):
+    folder = tmp_path / "a folder"
+    folder.mkdir()
+    (folder / "my script.lua").write_text("print('found')")
+    assert dev("run", "-b", "my script.lua", cwd=folder).stdout == "found\n"
+
+
+def test_it_may_be_called_through_a_link(tmp_path):
+    link = tmp_path / "link"
+    link.symlink_to(DEV)
+    assert dev("run", "-c", "print(1)", program=link).stdout == "1\n"
+
+
+def test_lines_piped_in_reach_the_prompt():
+    done = dev("run", stdin="print(1)\nexit\n")
+    assert done.stdout == "sorelapp> 1\nsorelapp> "
+
+
+def test_the_status_is_that_of_the_shell():
+    assert dev("run", "no such argument").returncode == 64
+
+
+def test_without_a_verb_it_lists_them():
+    done = dev()
+    assert done.returncode == 0
+    assert all(f"\n  {verb} " in done.stdout for verb in ("run", "test", "lint"))
+
+
+def test_an_unknown_verb_is_refused_with_the_list():
+    done = dev("dance")
+    assert done.returncode == 1
+    assert "\n  run " in done.stderr
+    assert done.stderr.endswith("dev: there is no verb 'dance'\n")
+
+
+def test_a_tree_of_another_driver_is_set_up_for_the_simulated_board_again(tmp_path):
+    other = tmp_path / "libsorel.so"
+    other.touch()
+    subprocess.run(
+        ["cmake", "--preset", "release", f"-DSOREL_LIBRARY={other}"],
+        cwd=ROOT, stdout=subprocess.DEVNULL, check=True,
+    )
+    done = dev("run", "-c", "print(radioGetPlatformName())")
+    assert "simulated" in done.stdout
+    assert "it was for another driver than the simulated board" in done.stderr
+
+
+def standing_in(folder, **programs):
+    """An environment in which these programs, as shell texts, stand in for those of the machine."""
+    for name, text in programs.items():
+        program = folder / name.replace("_", "-")
+        program.write_text("#!/bin/sh\n" + text + "\n")
+        program.chmod(0o755)
+    return os.environ | {"PATH": f"{folder}:{os.environ['PATH']}"}
+
+
+def test_a_package_that_cannot_be_installed_is_named_with_what_to_do(tmp_path):
+    env = standing_in(tmp_path, dpkg_query="echo installed cmake", id="echo 1000", sudo="exit 1")
+    done = dev("run", "-c", "print(1)", env=env)
+    assert (done.stdout, done.returncode) == ("", 1)
+    assert "dev: missing packages, and sudo refused; install by hand" in done.stderr
+    assert "apt-get install g++ ninja-build " in done.stderr
+    assert " cmake" not in done.stderr
+
+
+def test_missing_packages_are_named_and_installed_as_root(tmp_path):
+    log = tmp_path / "log"
+    env = standing_in(
+        tmp_path,
+        dpkg_query="printf 'installed %s\\n' cmake g++ ninja-build pkg-config liblua5.1-0-dev "
+                   "lua-bitop-dev libtomlplusplus-dev",
+        id="echo 1000",
+        sudo=f'echo "$@" >>{log}',
+    )
+    done = dev("run", "-c", "print(1)", env=env)
+    assert (done.stdout, done.stderr) == ("1\n", "dev: installing packages: lua-socket-dev\n")
+    calls = log.read_text().splitlines()
+    assert calls[0] == "-v"
+    assert calls[1].endswith("apt-get -q update")
+    assert calls[2].endswith("install lua-socket-dev")
+
+
+def test_a_failed_installation_says_what_to_do(tmp_path):
+    env = standing_in(tmp_path, dpkg_query="exit 1", id="echo 0", apt_get="echo no network; exit 1")
+    done = dev("run", "-c", "print(1)", env=env)
+    assert (done.stdout, done.returncode) == ("", 1)
+    assert "no network\n" in done.stderr
+    assert "dev: apt-get update failed; install by hand, then try again" in done.stderr
