@@ -12,7 +12,8 @@ std::string joinedArguments(lua_State *L)
 {
     std::string joined;
     for (int i = 1; i <= lua_gettop(L); ++i) {
-        joined += (i > 1 ? " " : "") + std::string(luaL_checkstring(L, i));
+        joined += i > 1 ? " " : "";
+        joined += luaL_checkstring(L, i);
     }
     return joined;
 }
