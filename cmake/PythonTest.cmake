@@ -12,11 +12,12 @@ function(add_python_test name file)
 endfunction()
 
 # add_shell_test(NAME FILE EXECUTABLE [VARIABLE=VALUE...]): as add_python_test, with the variables
-# that say what to run: tests/e2e/shell.py reads them.
+# that tests/e2e/shell.py reads, and that file to import.
 function(add_shell_test name file executable)
     # A shell built for another machine runs under the emulator that the toolchain file names.
     string(JOIN " " emulator ${CMAKE_CROSSCOMPILING_EMULATOR})
     add_python_test(${name} ${file}
+        PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/e2e
         "SORELAPP=${emulator} '${executable}'"
         SOREL_SIMULATION_DIR=$<TARGET_FILE_DIR:sorel_simulation>
         RECORDING_DRIVER_DIR=$<TARGET_FILE_DIR:recording_driver>

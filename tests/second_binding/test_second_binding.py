@@ -2,71 +2,22 @@
 """The running shell with another binding loaded into it: objects that no script can make without
 one reach the driver, and leaving does not depend on which library is unloaded first.
 
-Environment:
-    SORELAPP              the executable; may be a command line (an emulator, its options, the path)
+Environment: that of the end-to-end tests (../e2e/shell.py), and
     SECOND_BINDING        the other binding, a Lua module (second_binding.c)
-    RECORDING_DRIVER_DIR  folder of the recording driver's libsorel.so.1
 """
 
 import os
-import re
-import shlex
-import signal
-import subprocess
-from dataclasses import dataclass
 
 import pytest
+import shell
+from catalogue import HOOKS
+from catalogue import INT_POINTER as INT
 
-COMMAND = shlex.split(os.environ["SORELAPP"])
 SECOND_BINDING = os.environ["SECOND_BINDING"]
-RECORDING_DRIVER_DIR = os.environ["RECORDING_DRIVER_DIR"]
 
-INT = "intptr_t *|int *|int_least32_t *|int_fast32_t *|int32_t *|int_fast16_t *"
-HOOKS = "struct RadioHooks *|RadioHooks *"
 EVERY_SHARED_TYPE = (
     "_p_FILE _p_RadioHooks _p_f_p_void__void _p_f_size_t__p_void _p_int _p_p_char"
 )
-
-
-@dataclass
-class Ran:
-    """What one run of the shell left behind."""
-
-    out: str
-    err: str
-    status: int  # negative: the number of the signal that ended it
-    calls: list  # the driver's, but for the opening at start-up and the closing at the exit
-
-
-@pytest.fixture(name="shell")
-def fixture_shell(tmp_path):
-    """Runs Lua text in the shell, which stands on the recording driver."""
-
-    def run(text, answers=""):
-        log = tmp_path / "log"
-        told = tmp_path / "answers"
-        log.write_text("")
-        told.write_text(answers + "\n")
-        environment = dict(
-            os.environ,
-            LC_ALL="C",
-            LD_LIBRARY_PATH=RECORDING_DRIVER_DIR,
-            RECORDING_DRIVER_LOG=str(log),
-            RECORDING_DRIVER_ANSWERS=str(told),
-        )
-        done = subprocess.run(
-            COMMAND + ["-c", text],
-            capture_output=True,
-            env=environment,
-            text=True,
-            timeout=60,
-            check=False,
-        )
-        lines = log.read_text().splitlines()
-        calls = [line for line in lines if not re.match("radio(Open|Close)[(]", line)]
-        return Ran(done.stdout, done.stderr, done.returncode, calls)
-
-    return run
 
 
 def load(options=""):
@@ -76,33 +27,21 @@ def load(options=""):
     )
 
 
-@pytest.fixture(name="lua")
-def fixture_lua(shell):
+def lua(text, options="", before="", **more):
     """Loads the other binding and runs Lua text that must succeed in silence but for its output."""
-
-    def run(text, options="", before="", answers=""):
-        ran = shell(before + load(options) + text, answers)
-        assert (ran.status, ran.err) == (0, "")
-        return ran
-
-    return run
+    return shell.lua(before + load(options) + text, **more)
 
 
-@pytest.fixture(name="raised")
-def fixture_raised(lua):
-    """The error that Lua text raises."""
-
-    def run(text, **more):
-        return lua(f"io.write(select(2, pcall(function() {text} end)))", **more)
-
-    return run
+def raised(text, **more):
+    """The error that Lua text raises once the other binding is loaded."""
+    return shell.raised(load() + text, **more)
 
 
 # ---- Out-parameters and the debug file -----------------------------------------------------------
 
 
 @pytest.mark.parametrize("options", ["", "_p_int", "_p_int:class", EVERY_SHARED_TYPE])
-def test_an_integer_of_the_calibration_is_written_through_an_int32_object(lua, options):
+def test_an_integer_of_the_calibration_is_written_through_an_int32_object(options):
     ran = lua(
         "i = second.int(5) radioGetIntegerFromCalibration('key', i) print(second.value(i))",
         options=options,
@@ -112,7 +51,7 @@ def test_an_integer_of_the_calibration_is_written_through_an_int32_object(lua, o
     assert ran.calls == ['radioGetIntegerFromCalibration(context1, "key", pointer)']
 
 
-def test_an_integer_is_written_where_a_converter_points(lua):
+def test_an_integer_is_written_where_a_converter_points():
     ran = lua(
         "p = second.pair(1, 2) i = second.as(p, '_p_int') "
         "radioGetIntegerFromCalibration('key', p) print(second.value(i), second.value(p))",
@@ -122,7 +61,7 @@ def test_an_integer_is_written_where_a_converter_points(lua):
     assert ran.out == "1\t99\n"
 
 
-def test_a_failing_calibration_getter_leaves_the_object_alone(lua, raised):
+def test_a_failing_calibration_getter_leaves_the_object_alone():
     failing = "radioGetIntegerFromCalibration 3"
     ran = raised("radioGetIntegerFromCalibration('key', second.int(5))", answers=failing)
     assert ran.out == "radioGetIntegerFromCalibration() did not return success"
@@ -133,7 +72,7 @@ def test_a_failing_calibration_getter_leaves_the_object_alone(lua, raised):
     assert ran.out == "5\n"
 
 
-def test_a_text_of_the_calibration_is_written_through_a_text_list_object(lua):
+def test_a_text_of_the_calibration_is_written_through_a_text_list_object():
     ran = lua(
         "t = second.text() radioGetStringFromCalibration('key', t) print(second.textOf(t))",
         answers='radioGetStringFromCalibration 0 "from the file"',
@@ -142,13 +81,13 @@ def test_a_text_of_the_calibration_is_written_through_a_text_list_object(lua):
     assert ran.calls == ['radioGetStringFromCalibration(context1, "key", pointer)']
 
 
-def test_the_driver_names_can_be_read_by_the_other_binding(lua):
+def test_the_driver_names_can_be_read_by_the_other_binding():
     assert lua("print(second.textOf(radioGetDriverNames()))").out == "first\n"
 
 
 @pytest.mark.parametrize("options", ["", "_p_FILE"])
 @pytest.mark.parametrize("file", ["stdout", "stderr"])
-def test_a_file_object_becomes_the_debug_file(lua, options, file):
+def test_a_file_object_becomes_the_debug_file(options, file):
     ran = lua(f"print(radioSetDebugFile(second.file('{file}')))", options=options)
     assert ran.out == "\n"
     assert ran.calls == [f"radioSetDebugFile(context1, {file})"]
@@ -195,28 +134,27 @@ def test_a_file_object_becomes_the_debug_file(lua, options, file):
         ),
     ],
 )
-def test_an_object_of_another_type_is_refused_before_the_driver(raised, call, message):
+def test_an_object_of_another_type_is_refused_before_the_driver(call, message):
     ran = raised(call)
     assert ran.out == message
     assert ran.calls == []
 
 
-def test_a_converter_that_allocates_ends_the_process(shell):
-    ran = shell(
-        load("_p_int:casts") + "radioGetIntegerFromCalibration('key', second.copy(5))"
+def test_a_converter_that_allocates_ends_the_process():
+    ran = shell.run(
+        "-c", load("_p_int:casts") + "radioGetIntegerFromCalibration('key', second.copy(5))"
     )
-    assert ran.status == -signal.SIGABRT
-    assert ran.err.endswith(
-        ": radio_wrap:1319: SWIG_Lua_ConvertPtr: Assertion `!newmemory' failed.\n"
+    shell.assert_aborted(
+        ran, "sorelapp: radio_wrap:1319: SWIG_Lua_ConvertPtr: Assertion `!newmemory' failed."
     )
-    assert ran.calls == []
+    assert ran.log == ["radioOpen() = context1"]
 
 
 # ---- RadioHooks ----------------------------------------------------------------------------------
 
 
 @pytest.mark.parametrize("options", ["", "_p_f_size_t__p_void _p_f_p_void__void"])
-def test_function_pointers_can_be_assigned_and_copied(lua, options):
+def test_function_pointers_can_be_assigned_and_copied(options):
     ran = lua(
         "h1, h2 = RadioHooks(), RadioHooks() "
         "h1.malloc = second.mallocFunction() h1.free = second.freeFunction() "
@@ -258,12 +196,12 @@ def test_function_pointers_can_be_assigned_and_copied(lua, options):
         ),
     ],
 )
-def test_an_object_of_another_type_is_not_assigned(raised, assignment, message):
+def test_an_object_of_another_type_is_not_assigned(assignment, message):
     ran = raised(f"local h = RadioHooks() h.free = second.freeFunction() {assignment}")
     assert ran.out == message
 
 
-def test_another_class_of_the_name_replaces_ours_for_new_objects(lua):
+def test_another_class_of_the_name_replaces_ours_for_new_objects():
     ran = lua(
         "new = RadioHooks() print(old.origin, new.origin, swig_type(new)) "
         "old, new = nil collectgarbage() collectgarbage() print(second.destroyed())",
@@ -276,7 +214,7 @@ def test_another_class_of_the_name_replaces_ours_for_new_objects(lua):
 # ---- Types of both -------------------------------------------------------------------------------
 
 
-def test_pointers_compare_equal_across_types(lua):
+def test_pointers_compare_equal_across_types():
     ran = lua(
         "i = second.int(5) "
         "print(swig_equals(i, second.as(i, '_p_Gadget')), swig_equals(i, second.int(5)), "
@@ -286,12 +224,12 @@ def test_pointers_compare_equal_across_types(lua):
     assert ran.out == "true\tfalse\tnil\ttrue\ttrue\n"
 
 
-def test_types_of_the_other_binding_are_named(lua):
+def test_types_of_the_other_binding_are_named():
     ran = lua("print(swig_type(second.Gadget()), swig_type(second.packet('x')))")
     assert ran.out == "struct Gadget *|Gadget *\tPacket\n"
 
 
-def test_the_other_binding_reads_our_objects(lua):
+def test_the_other_binding_reads_our_objects():
     ran = lua(
         "print(second.accepts('_p_RadioHooks', RadioHooks()), "
         "second.accepts('_p_p_char', radioGetDriverNames()), "
@@ -304,7 +242,7 @@ def test_the_other_binding_reads_our_objects(lua):
     "options",
     ["", EVERY_SHARED_TYPE, "_p_RadioHooks:class", "_p_int:class", "_p_int:casts"],
 )
-def test_loading_adds_nothing_to_the_radio_module(lua, options):
+def test_loading_adds_nothing_to_the_radio_module(options):
     ran = lua(
         "n = 0 for _ in pairs(radio) do n = n + 1 end print(n, type(radioSpiRead), RADIO_BAND_7)",
         options=options,
@@ -312,7 +250,7 @@ def test_loading_adds_nothing_to_the_radio_module(lua, options):
     assert ran.out == "163\tfunction\t7\n"
 
 
-def test_loading_twice_is_as_loading_once(lua):
+def test_loading_twice_is_as_loading_once():
     ran = lua(
         load("_p_int") + "i = second.int(5) radioGetIntegerFromCalibration('key', i) "
         "print(second.value(i))",
@@ -347,15 +285,16 @@ def test_loading_twice_is_as_loading_once(lua):
         ("old = RadioHooks() ", "g = second.Gadget() second = nil package = nil collectgarbage()"),
     ],
 )
-def test_leaving_does_not_crash_whatever_was_loaded_in_between(lua, options, before, after):
+def test_leaving_does_not_crash_whatever_was_loaded_in_between(options, before, after):
     assert lua(after, options=options, before=before).out == ""
 
 
-def test_leaving_does_not_crash_when_the_library_was_loaded_twice(lua):
+def test_leaving_does_not_crash_when_the_library_was_loaded_twice():
     lua(load(), before="old = RadioHooks() ", options="_p_RadioHooks:class")
 
 
-def test_an_error_that_ends_the_process_comes_with_its_own_status(shell):
-    ran = shell("old = RadioHooks() " + load("_p_RadioHooks:class") + "error('it failed', 0)")
+def test_an_error_that_ends_the_process_comes_with_its_own_status():
+    text = "old = RadioHooks() " + load("_p_RadioHooks:class") + "error('it failed', 0)"
+    ran = shell.run("-c", text)
     assert ran.status == 1
     assert ran.err == "PANIC: unprotected error in call to Lua API (it failed)\n"
