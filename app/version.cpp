@@ -9,22 +9,21 @@ namespace
 {
 
 // clang-format off
-#define RULE "    ==============================================================================="
-#define LUA_NOTICE "    " LUA_RELEASE ": Copyright (C) 1994-2012 Lua.org, PUC-Rio."
-#define LUABITOP_NOTICE "    Lua BitOp " LUABITOP_VERSION ": Copyright (C) 2008-2012 Mike Pall."
-#define LUASOCKET_NOTICE "    LuaSocket " LUASOCKET_VERSION ": Copyright (C) 2004-2022 Diego Nehab."
-// clang-format on
+
+constexpr char rule[] = "    ===============================================================================";
+constexpr char lua[] = "    " LUA_RELEASE ": Copyright (C) 1994-2012 Lua.org, PUC-Rio.";
+constexpr char luaBitOp[] = "    Lua BitOp " LUABITOP_VERSION ": Copyright (C) 2008-2012 Mike Pall.";
+constexpr char luaSocket[] = "    LuaSocket " LUASOCKET_VERSION ": Copyright (C) 2004-2022 Diego Nehab.";
 
 const char *const lines[] = {
-    // clang-format off
     "Proprietary and Confidential Information.",
     "This library is not to be copied or distributed without the express permission of its maker.",
     "sorelapp is linked to Lua, BitOp, and LuaSocket. These open source packages are",
     "licensed under MIT:",
-    RULE,
-    LUA_NOTICE,
-    LUABITOP_NOTICE,
-    LUASOCKET_NOTICE,
+    rule,
+    lua,
+    luaBitOp,
+    luaSocket,
     "    ",
     "    Permission is hereby granted, free of charge, to any person obtaining a copy",
     "    of this software and associated documentation files (the \"Software\"), to deal",
@@ -43,9 +42,10 @@ const char *const lines[] = {
     "    LIABILITY, WHETHER IN AN ACTION OF CONTRACT, TORT OR OTHERWISE, ARISING FROM,",
     "    OUT OF OR IN CONNECTION WITH THE SOFTWARE OR THE USE OR OTHER DEALINGS IN",
     "    THE SOFTWARE.",
-    RULE,
-    // clang-format on
+    rule,
 };
+
+// clang-format on
 
 } // namespace
 

@@ -14,7 +14,7 @@ namespace sorel
 namespace
 {
 
-constexpr std::size_t largestFile = 1024 * 1024;
+constexpr std::size_t largestFile = 1 << 20;
 
 class Descriptor
 {
