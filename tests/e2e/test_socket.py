@@ -27,9 +27,12 @@ def test_a_function_of_the_name_service(name):
     assert lua(f"print(type(socket.dns), type(socket.dns.{name}))").out == "table\tfunction\n"
 
 
-def test_addresses_in_digits_are_resolved():
-    ran = lua("local ip, resolved = socket.dns.toip('127.0.0.1') print(ip, resolved.ip[1])")
-    assert ran.out == "127.0.0.1\t127.0.0.1\n"
+def test_an_address_is_looked_up_in_the_machines_name_service():
+    try:
+        expected = socket.gethostbyaddr("127.0.0.1")[2][0]
+    except OSError:
+        expected = "nil"  # a machine may know no names at all
+    assert lua("print((socket.dns.toip('127.0.0.1')))").out == expected + "\n"
 
 
 def test_the_host_has_a_name():
