@@ -28,7 +28,8 @@ EXECUTABLE = Path(COMMAND[-1])
 SIMULATION = Path(os.environ["SOREL_SIMULATION_DIR"])
 RECORDING = Path(os.environ["RECORDING_DRIVER_DIR"])
 PRELOAD = Path(os.environ["PRELOAD_DIR"])
-VERSION = Path(os.environ["SORELAPP_SOURCE_DIR"], "VERSION").read_text().strip()
+SOURCE = Path(os.environ["SORELAPP_SOURCE_DIR"])
+VERSION = (SOURCE / "VERSION").read_text().strip()
 
 PROMPT = "sorelapp> "
 SECONDS = 60  # longer than any test takes, emulated or not

@@ -3,7 +3,7 @@
 
 import pytest
 from catalogue import NO_CONTEXT, status_message
-from shell import PROMPT, SIMULATION, lua, prompt, run, type_line
+from shell import PROMPT, SIMULATION, SOURCE, lua, prompt, run, type_line
 
 BRING_UP = [
     "radioSelectPlatform(RADIO_PLATFORM_TALWIN)",
@@ -45,6 +45,27 @@ def test_a_session_at_the_prompt():
     terminal.sendline("exit")
     terminal.wait()
     assert terminal.exitstatus == 0
+
+
+def documented_session():
+    """The first session of the README, as (line typed, lines printed)."""
+    text = (SOURCE / "README.md").read_text()
+    session = text.partition("    $ ./dev run\n")[2].partition("\n\n")[0]
+    lines = [line.removeprefix("    ") for line in session.splitlines()]
+    steps = []
+    for line in lines:
+        if line.startswith(PROMPT):
+            steps.append((line.removeprefix(PROMPT), []))
+        else:
+            steps[-1][1].append(line)
+    assert steps[-1] == ("exit", [])
+    return steps[:-1]
+
+
+def test_the_session_of_the_readme_prints_what_the_readme_says():
+    terminal = prompt(driver=SIMULATION)
+    for line, printed in documented_session():
+        assert type_line(terminal, line) == printed, line
 
 
 def test_the_same_session_as_a_batch_file(tmp_path):
