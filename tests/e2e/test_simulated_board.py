@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
 """Bringing up the simulated board, and what the shell relies on it for."""
 
+import os
+
 import pytest
 from catalogue import NO_CONTEXT, status_message
 from shell import PROMPT, SIMULATION, SOURCE, lua, prompt, run, type_line
@@ -144,3 +146,16 @@ def test_errors_at_the_prompt_leave_the_board_as_it_was():
     ran = run(stdin="\n".join(lines) + "\nexit\n", driver=SIMULATION)
     assert ran.err.count("failed to process stdin: ") == 3
     assert ran.out == len(lines) * PROMPT + "true\n" + PROMPT
+
+
+def test_files_of_any_date_are_read(tmp_path):
+    calibration, script = tmp_path / "calibration", tmp_path / "script"
+    calibration.write_text("[integers]\nserial = 4711\n")
+    script.write_text("write 0x10 5\n")
+    for file in (calibration, script):
+        os.utime(file, (2**31, 2**31))  # in 2038, beyond the seconds of a signed 32-bit number
+    assert simulated(
+        f"radioLoadCalibrationFile('{calibration}') "
+        "radioInitByScript(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7, "
+        f"'{script}') print(radioSpiRead(0x10))"
+    ) == "5\n"
