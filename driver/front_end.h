@@ -80,6 +80,18 @@ Outcome requireSetup(const FrontEnd &frontEnd);
 Outcome requirePath(const FrontEnd &frontEnd, int path);
 Outcome requireSelected(const FrontEnd &frontEnd);
 
+// Calls apply with each selected path, or refuses as requireSelected().
+template <class Apply>
+Outcome forSelectedPaths(const FrontEnd &frontEnd, Apply apply)
+{
+    if (const Outcome outcome = requireSelected(frontEnd); isRefused(outcome))
+        return outcome;
+    const Paths paths = selectedPaths(frontEnd);
+    for (int path = paths.first; path < paths.end; ++path)
+        apply(path);
+    return done();
+}
+
 // The bodies of the functions of similar names; the arguments are members of their enumerations.
 Outcome setUp(FrontEnd &frontEnd, const Platform &platform, RadioConf configuration, RadioMode mode,
               RadioBand band);

@@ -71,13 +71,10 @@ Outcome measureReceiver(const FrontEnd &frontEnd, RadioRxAntenna antenna, int32_
 
 Outcome measureReceivers(const FrontEnd &frontEnd, int32_t &power)
 {
-    if (const Outcome outcome = requireSelected(frontEnd); isRefused(outcome))
-        return outcome;
     double sum = 0;
-    const Paths paths = selectedPaths(frontEnd);
-    for (int path = paths.first; path < paths.end; ++path)
-        sum += milliwattsIfOn(frontEnd, path);
-    return show(sum, power);
+    const Outcome outcome =
+        forSelectedPaths(frontEnd, [&](int path) { sum += milliwattsIfOn(frontEnd, path); });
+    return isRefused(outcome) ? outcome : show(sum, power);
 }
 
 } // namespace sorel

@@ -90,12 +90,7 @@ void triggerGain(FrontEnd &frontEnd, int path)
 
 Outcome switchReceivers(FrontEnd &frontEnd, RadioState state)
 {
-    if (const Outcome outcome = requireSelected(frontEnd); isRefused(outcome))
-        return outcome;
-    const Paths paths = selectedPaths(frontEnd);
-    for (int path = paths.first; path < paths.end; ++path)
-        applyState(frontEnd, path, state);
-    return done();
+    return forSelectedPaths(frontEnd, [&](int path) { applyState(frontEnd, path, state); });
 }
 
 Outcome switchReceiver(FrontEnd &frontEnd, RadioRxAntenna antenna, RadioState state)
@@ -114,11 +109,8 @@ Outcome setGain(FrontEnd &frontEnd, int16_t gain)
     for (int path = paths.first; path < paths.end; ++path)
         if (frontEnd.setup.receivers[path].gainMode != RADIO_RX_GAIN_MGC)
             return automaticGain;
-    if (const Outcome outcome = requireSelected(frontEnd); isRefused(outcome))
-        return outcome;
-    for (int path = paths.first; path < paths.end; ++path)
-        frontEnd.setup.receivers[path].manualGain = gain;
-    return done();
+    return forSelectedPaths(frontEnd,
+                            [&](int path) { frontEnd.setup.receivers[path].manualGain = gain; });
 }
 
 Outcome setGainOfReceiver(FrontEnd &frontEnd, RadioRxAntenna antenna, int16_t gain)
@@ -135,12 +127,7 @@ Outcome setGainOfReceiver(FrontEnd &frontEnd, RadioRxAntenna antenna, int16_t ga
 
 Outcome setGainMode(FrontEnd &frontEnd, RadioRxGainMode mode)
 {
-    if (const Outcome outcome = requireSelected(frontEnd); isRefused(outcome))
-        return outcome;
-    const Paths paths = selectedPaths(frontEnd);
-    for (int path = paths.first; path < paths.end; ++path)
-        applyGainMode(frontEnd, path, mode);
-    return done();
+    return forSelectedPaths(frontEnd, [&](int path) { applyGainMode(frontEnd, path, mode); });
 }
 
 Outcome setGainModeOfReceiver(FrontEnd &frontEnd, RadioRxAntenna antenna, RadioRxGainMode mode)

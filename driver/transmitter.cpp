@@ -46,12 +46,8 @@ double outputMilliwatts(const FrontEnd &frontEnd, int path)
 
 Outcome switchTransmitters(FrontEnd &frontEnd, RadioState state)
 {
-    if (const Outcome outcome = requireSelected(frontEnd); isRefused(outcome))
-        return outcome;
-    const Paths paths = selectedPaths(frontEnd);
-    for (int path = paths.first; path < paths.end; ++path)
-        frontEnd.setup.transmitters[path].state = state;
-    return done();
+    return forSelectedPaths(frontEnd,
+                            [&](int path) { frontEnd.setup.transmitters[path].state = state; });
 }
 
 Outcome switchTransmitter(FrontEnd &frontEnd, RadioTxAntenna antenna, RadioState state)
@@ -66,12 +62,8 @@ Outcome limitTransmitters(FrontEnd &frontEnd, int16_t power)
 {
     if (!isPower(*frontEnd.platform, power))
         return powerOutOfRange;
-    if (const Outcome outcome = requireSelected(frontEnd); isRefused(outcome))
-        return outcome;
-    const Paths paths = selectedPaths(frontEnd);
-    for (int path = paths.first; path < paths.end; ++path)
-        frontEnd.setup.transmitters[path].maxPower = power;
-    return done();
+    return forSelectedPaths(frontEnd,
+                            [&](int path) { frontEnd.setup.transmitters[path].maxPower = power; });
 }
 
 Outcome limitTransmitter(FrontEnd &frontEnd, RadioTxAntenna antenna, int16_t power)
