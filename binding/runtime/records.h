@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <lua.hpp>
+#include <type_traits>
 
 struct CastRecord;
 struct TypeRecord;
@@ -80,6 +81,13 @@ struct ClassRecord {
     ClassRecord **bases;    // one per base name, filled when it is found, ended by null
     const char **baseNames; // ended by null
 };
+
+static_assert(std::is_standard_layout_v<TypeRecord>);
+static_assert(std::is_standard_layout_v<CastRecord>);
+static_assert(std::is_standard_layout_v<ModuleRecord>);
+static_assert(std::is_standard_layout_v<PointerObject>);
+static_assert(std::is_standard_layout_v<PackedObject>);
+static_assert(std::is_standard_layout_v<ClassRecord>);
 
 static_assert(offsetof(TypeRecord, name) == 0 * sizeof(void *));
 static_assert(offsetof(TypeRecord, str) == 1 * sizeof(void *));

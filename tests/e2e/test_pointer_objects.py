@@ -79,6 +79,13 @@ def test_an_object_does_not_equal_a_userdata_without_contents():
     assert lua("print(swig_equals(RadioHooks(), newproxy()))").out == "false\n"
 
 
+@pytest.mark.parametrize("foreign", ["io.stdout", "socket.tcp()", "newproxy(true)"])
+def test_what_another_library_made_equals_itself_and_no_object_of_ours(foreign):
+    ran = lua(f"local foreign = {foreign} "
+              "print(swig_equals(foreign, foreign), swig_equals(foreign, RadioHooks()))")
+    assert ran.out == "true\tfalse\n"
+
+
 def test_a_pointer_object_without_a_class_has_no_metatable():
     assert lua("print(getmetatable(radioGetDriverNames()))").out == "nil\n"
 
