@@ -6,11 +6,15 @@
 #include "calibration.h"
 #include "debug_log.h"
 #include "front_end.h"
+#include "scenario.h"
+
+#include <memory>
 
 namespace sorel
 {
 
 struct Board {
+    std::shared_ptr<const Scenario> scenario;
     FrontEnd frontEnd;
     Calibration calibration;
     DebugLog log;

@@ -28,7 +28,9 @@ RadioContext *openContext()
 {
     if (openCount == openLimit)
         return nullptr;
-    Board *const board = new (std::nothrow) Board{switchedOn(selectedPlatform()), {}, {}};
+    const auto scenario = std::make_shared<const Scenario>();
+    Board *const board =
+        new (std::nothrow) Board{scenario, switchedOn(selectedPlatform(), *scenario), {}, {}};
     if (!board)
         return nullptr;
     do

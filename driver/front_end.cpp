@@ -66,10 +66,11 @@ Setup freshSetup(const Platform &platform, RadioConf configuration, const Mode &
 
 } // namespace
 
-FrontEnd switchedOn(const Platform &platform)
+FrontEnd switchedOn(const Platform &platform, const Scenario &scenario)
 {
     FrontEnd frontEnd = {};
     frontEnd.platform = &platform;
+    frontEnd.scenario = &scenario;
     frontEnd.selected = RADIO_SELECT_ALL;
     frontEnd.oscillatorDac = static_cast<uint16_t>(1u << (platform.dacWidth - 1));
     frontEnd.thermal.nanodegrees = settledNanodegrees(frontEnd);
@@ -124,7 +125,7 @@ Outcome setUp(FrontEnd &frontEnd, const Platform &platform, RadioConf configurat
     if (&platform != frontEnd.platform) {
         const Thermal thermal = frontEnd.thermal;
         const RadioSelectIndex selected = frontEnd.selected;
-        frontEnd = switchedOn(platform);
+        frontEnd = switchedOn(platform, *frontEnd.scenario);
         frontEnd.thermal = thermal;
         frontEnd.selected = selected;
     }
@@ -139,7 +140,7 @@ Outcome setUp(FrontEnd &frontEnd, const Platform &platform, RadioConf configurat
 Outcome reset(FrontEnd &frontEnd)
 {
     const Thermal thermal = frontEnd.thermal;
-    frontEnd = switchedOn(*frontEnd.platform);
+    frontEnd = switchedOn(*frontEnd.platform, *frontEnd.scenario);
     frontEnd.thermal = thermal;
     return done();
 }

@@ -3,8 +3,9 @@
 #ifndef SOREL_DRIVER_FRONT_END_H
 #define SOREL_DRIVER_FRONT_END_H
 
+#include "conditions.h"
 #include "outcome.h"
-#include "platforms.h"
+#include "scenario.h"
 #include "thermal.h"
 
 namespace sorel
@@ -49,6 +50,8 @@ struct Setup {
 
 struct FrontEnd {
     const Platform *platform;
+    const Scenario *scenario; // of the board; outlives it
+    Conditions conditions;
     Setup setup;
     RadioSelectIndex selected;
     RadioCpriRate cpriRate; // 0 while the link is down
@@ -63,8 +66,8 @@ struct Paths {
     int end;
 };
 
-// A front end of that platform that has just been switched on.
-FrontEnd switchedOn(const Platform &platform);
+// A front end of that platform, in that scenario, that has just been switched on.
+FrontEnd switchedOn(const Platform &platform, const Scenario &scenario);
 
 // Number of paths in the present configuration; 0 before radioInit().
 int pathCount(const FrontEnd &frontEnd);

@@ -264,7 +264,9 @@ const Row *rowAt(uint32_t address)
     return nullptr;
 }
 
-constexpr Outcome noRegister = refused(RADIO_EINVAL, "there is no register at that address");
+constexpr const char *nothingThere = "there is no register at that address";
+constexpr const char *readOnly = "the register is read-only";
+constexpr Outcome noRegister = refused(RADIO_EINVAL, nothingThere);
 
 } // namespace
 
@@ -283,8 +285,16 @@ Outcome writeRegister(FrontEnd &frontEnd, uint32_t address, uint32_t value)
     if (!row)
         return noRegister;
     if (!row->write)
-        return refused(RADIO_ENOTSUP, "the register is read-only");
+        return refused(RADIO_ENOTSUP, readOnly);
     return row->write(frontEnd, address - row->first, value);
+}
+
+const char *whyNotWritable(const Platform &, uint32_t address)
+{
+    const Row *const row = rowAt(address);
+    if (!row)
+        return nothingThere;
+    return row->write ? nullptr : readOnly;
 }
 
 } // namespace sorel

@@ -16,6 +16,9 @@ Outcome readRegister(const FrontEnd &frontEnd, uint32_t address, uint32_t &value
 // the function for the same state answers.
 Outcome writeRegister(FrontEnd &frontEnd, uint32_t address, uint32_t value);
 
+// Why that platform has no register there that can be written; null where it has one.
+const char *whyNotWritable(const Platform &platform, uint32_t address);
+
 } // namespace sorel
 
 #endif
