@@ -7,6 +7,7 @@
 
 #include "contexts.h"
 #include "enumerations.h"
+#include "simulated_time.h"
 
 #include <limits>
 
@@ -91,6 +92,7 @@ RadioReturn command(RadioContext *context, const char *function,
     if (!board)
         return RADIO_EINVAL;
     const Outcome outcome = run(*board, body, arguments...);
+    board->frontEnd.levels.isKnown = false;
     if (board->log.level != RADIO_DEBUG_NONE) [[unlikely]] {
         const Argument described[] = {describe(arguments)..., describe(0)};
         logCommand(board->log, board->frontEnd, function, described, sizeof...(arguments), outcome);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // The interface's functions for the receive path and the measurements.
 #include "call.h"
+#include "gain_table.h"
 #include "measurement.h"
 #include "receiver.h"
 #include "transmitter.h"
@@ -18,7 +19,7 @@ Outcome readTemperature(const FrontEnd &frontEnd, float &degrees)
 }
 
 // Measurements come in 1/64 dBm, which a float holds exactly.
-Outcome readRtwpOfAntennaIndBm(const FrontEnd &frontEnd, RadioRxAntenna antenna, float &power)
+Outcome readRtwpOfAntennaIndBm(FrontEnd &frontEnd, RadioRxAntenna antenna, float &power)
 {
     int32_t measured = 0;
     const Outcome outcome = measureReceiver(frontEnd, antenna, measured);
@@ -27,7 +28,7 @@ Outcome readRtwpOfAntennaIndBm(const FrontEnd &frontEnd, RadioRxAntenna antenna,
     return outcome;
 }
 
-Outcome readRtwpIndBm(const FrontEnd &frontEnd, float &power)
+Outcome readRtwpIndBm(FrontEnd &frontEnd, float &power)
 {
     int32_t measured = 0;
     const Outcome outcome = measureReceivers(frontEnd, measured);
@@ -43,7 +44,7 @@ int32_t tenths(int32_t measured)
     return (scaled + (scaled < 0 ? -32 : 32)) / 64;
 }
 
-Outcome readRtwpOfAntenna(const FrontEnd &frontEnd, RadioRxAntenna antenna, int32_t &power)
+Outcome readRtwpOfAntenna(FrontEnd &frontEnd, RadioRxAntenna antenna, int32_t &power)
 {
     int32_t measured = 0;
     const Outcome outcome = measureReceiver(frontEnd, antenna, measured);
@@ -52,7 +53,7 @@ Outcome readRtwpOfAntenna(const FrontEnd &frontEnd, RadioRxAntenna antenna, int3
     return outcome;
 }
 
-Outcome readRtwp(const FrontEnd &frontEnd, int32_t &power)
+Outcome readRtwp(FrontEnd &frontEnd, int32_t &power)
 {
     int32_t measured = 0;
     const Outcome outcome = measureReceivers(frontEnd, measured);

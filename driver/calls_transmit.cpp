@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // The interface's functions for the transmit path.
 #include "call.h"
+#include "power_table.h"
 #include "transmitter.h"
 #include "tuning.h"
 

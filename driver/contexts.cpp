@@ -3,6 +3,8 @@
 // platform.
 #include "contexts.h"
 
+#include "simulated_time.h"
+
 #include <new>
 
 // A slot of the ring. A pointer to one is what the caller holds.
@@ -33,6 +35,7 @@ RadioContext *openContext()
         new (std::nothrow) Board{scenario, switchedOn(selectedPlatform(), *scenario), {}, {}};
     if (!board)
         return nullptr;
+    startTime(board->frontEnd);
     do
         lastOpened = (lastOpened + 1) % ringSize;
     while (ring[lastOpened].board);

@@ -97,11 +97,11 @@ void logCommand(const DebugLog &log, const FrontEnd &frontEnd, const char *funct
         putCause(file, outcome);
     std::fputc('\n', file);
     if (log.level >= RADIO_DEBUG_DEBUG && !isRefused(outcome))
-        std::fprintf(file, "libsorel: debug: %s, transmit %lu Hz, receive %lu Hz, call %llu\n",
+        std::fprintf(file, "libsorel: debug: %s, transmit %lu Hz, receive %lu Hz, at %llu us\n",
                      frontEnd.platform->name,
-                     static_cast<unsigned long>(frontEnd.setup.txFrequency),
-                     static_cast<unsigned long>(frontEnd.setup.rxFrequency),
-                     static_cast<unsigned long long>(frontEnd.thermal.calls));
+                     static_cast<unsigned long>(frontEnd.setup.txSynthesiser.frequency),
+                     static_cast<unsigned long>(frontEnd.setup.rxSynthesiser.frequency),
+                     static_cast<unsigned long long>(frontEnd.now / 1000));
     std::fflush(file);
 }
 

@@ -3,7 +3,7 @@
 #include "front_end.h"
 
 #include "link.h"
-#include "receiver.h"
+#include "synthesiser.h"
 
 #include <algorithm>
 
@@ -53,15 +53,31 @@ Setup freshSetup(const Platform &platform, RadioConf configuration, const Mode &
     setup.band = band;
     setup.txRange = isBaseStation ? downlink : uplink;
     setup.rxRange = isBaseStation ? uplink : downlink;
-    setup.txFrequency = centreOf(setup.txRange);
-    setup.rxFrequency = centreOf(setup.rxRange);
     setup.loopback = RADIO_NO_LOOPBACK;
     for (int path = 0; path < pathCountOf(configuration); ++path) {
         setup.transmitters[path] = {RADIO_STATE_DISABLE, platform.highestPower, 0, 0};
-        setup.receivers[path] = {RADIO_STATE_ENABLE, RADIO_RX_GAIN_MGC, platform.highestGain,
-                                 platform.highestGain};
+        setup.receivers[path] = {RADIO_STATE_ENABLE,
+                                 RADIO_RX_GAIN_MGC,
+                                 platform.highestGain,
+                                 platform.highestGain - platform.lowestGain,
+                                 true,
+                                 forever,
+                                 false};
     }
     return setup;
+}
+
+// Everything starts afresh but for what passes on outside of the hardware: time, temperature and
+// chance.
+void replaceHardware(FrontEnd &frontEnd, const Platform &platform)
+{
+    const FrontEnd before = frontEnd;
+    frontEnd = switchedOn(platform, *before.scenario);
+    frontEnd.conditions = before.conditions;
+    frontEnd.now = before.now;
+    frontEnd.opened = before.opened;
+    frontEnd.random = before.random;
+    frontEnd.thermal = before.thermal;
 }
 
 } // namespace
@@ -71,6 +87,7 @@ FrontEnd switchedOn(const Platform &platform, const Scenario &scenario)
     FrontEnd frontEnd = {};
     frontEnd.platform = &platform;
     frontEnd.scenario = &scenario;
+    frontEnd.random = {scenario.seed};
     frontEnd.selected = RADIO_SELECT_ALL;
     frontEnd.oscillatorDac = static_cast<uint16_t>(1u << (platform.dacWidth - 1));
     frontEnd.thermal.nanodegrees = settledNanodegrees(frontEnd);
@@ -121,15 +138,17 @@ Outcome setUp(FrontEnd &frontEnd, const Platform &platform, RadioConf configurat
     if (!isInside(setup.txRange, platform.tuning) || !isInside(setup.rxRange, platform.tuning))
         return refused(RADIO_ENOTSUP, "the band is beyond the platform's tuning range");
 
-    const bool dropsLink = &platform != frontEnd.platform && frontEnd.cpriRate != 0;
-    if (&platform != frontEnd.platform) {
-        const Thermal thermal = frontEnd.thermal;
+    const bool isOther = &platform != frontEnd.platform;
+    const bool dropsLink = isOther && frontEnd.cpriRate != 0;
+    if (isOther) {
         const RadioSelectIndex selected = frontEnd.selected;
-        frontEnd = switchedOn(platform, *frontEnd.scenario);
-        frontEnd.thermal = thermal;
+        replaceHardware(frontEnd, platform);
         frontEnd.selected = selected;
     }
     frontEnd.setup = setup;
+    frontEnd.arrivals = {};
+    program(frontEnd, frontEnd.setup.txSynthesiser, centreOf(setup.txRange));
+    program(frontEnd, frontEnd.setup.rxSynthesiser, centreOf(setup.rxRange));
     if (dropsLink)
         return warned("the CPRI link of the former platform is down");
     if (isRefused(requireSelected(frontEnd)))
@@ -139,9 +158,9 @@ Outcome setUp(FrontEnd &frontEnd, const Platform &platform, RadioConf configurat
 
 Outcome reset(FrontEnd &frontEnd)
 {
-    const Thermal thermal = frontEnd.thermal;
-    frontEnd = switchedOn(*frontEnd.platform, *frontEnd.scenario);
-    frontEnd.thermal = thermal;
+    const auto corrections = frontEnd.corrections;
+    replaceHardware(frontEnd, *frontEnd.platform);
+    frontEnd.corrections = corrections;
     return done();
 }
 

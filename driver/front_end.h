@@ -5,8 +5,11 @@
 
 #include "conditions.h"
 #include "outcome.h"
+#include "random.h"
 #include "scenario.h"
 #include "thermal.h"
+
+#include <array>
 
 namespace sorel
 {
@@ -23,13 +26,23 @@ struct Transmitter {
 struct Receiver {
     RadioState state;
     RadioRxGainMode gainMode;
-    int16_t manualGain; // in dB, in force in RADIO_RX_GAIN_MGC
-    int16_t heldGain;   // in dB, in force in RADIO_RX_GAIN_AGC_SLOW_HYBRID
+    int16_t manualGain;   // in dB, as last set by hand
+    int32_t step;         // of the gain table: the present gain
+    bool isSettled;       // whether the gain control leaves the gain alone
+    int64_t nextDecision; // of the gain control, while it does not; simulated time
+    bool isOverloaded;    // whether the converter is
 };
 
 struct RegisterTable {
     uint32_t words[tableCapacity];
     uint32_t count;
+};
+
+// One serves each direction; in time division both have the same frequency.
+struct Synthesiser {
+    uint32_t frequency;   // in Hz, at the reference's nominal frequency; 0 before radioInit()
+    uint32_t integerWord; // as last written or tuned to
+    int64_t locksAt;      // simulated time
 };
 
 // What radioInit() sets, all of it.
@@ -39,8 +52,8 @@ struct Setup {
     RadioBand band;
     FrequencyRange txRange; // of the band, in Hz
     FrequencyRange rxRange;
-    uint32_t txFrequency; // in Hz; 0 before radioInit()
-    uint32_t rxFrequency;
+    Synthesiser txSynthesiser;
+    Synthesiser rxSynthesiser;
     RadioLoopback loopback;
     Transmitter transmitters[2]; // by path
     Receiver receivers[2];
@@ -48,16 +61,45 @@ struct Setup {
     RegisterTable powerTable;
 };
 
+// Of one band, by path; in dB.
+struct Correction {
+    double rxGain[2];  // of the receiver above what its gain step says
+    double txPower[2]; // of the transmitter above what it is set to
+};
+
+// The scenario's signals as they arrive at present.
+struct Arrivals {
+    bool isKnown;       // whether the rest is filled in
+    uint32_t frequency; // that the receivers are tuned to, in Hz
+    int64_t until;      // simulated time to which that holds
+    double power[2];    // in the channel, by path, in mW
+};
+
+// Powers that follow from the rest of the state, by path, in mW.
+struct Levels {
+    bool isKnown;       // whether the rest is filled in
+    double output[2];   // of the transmitter
+    double received[2]; // by the receiver, its own noise included, at its antenna connector
+    double gain[2];     // of the receiver, a ratio
+};
+
 struct FrontEnd {
     const Platform *platform;
     const Scenario *scenario; // of the board; outlives it
     Conditions conditions;
+    int64_t now;    // simulated time since radioOpen(), in nanoseconds
+    int64_t opened; // real time at that, where simulated time follows it
+    Random random;
     Setup setup;
     RadioSelectIndex selected;
     RadioCpriRate cpriRate; // 0 while the link is down
     uint16_t oscillatorDac;
     uint32_t scratch;
+    uint32_t events; // bits of events.h that have not been cleared
     Thermal thermal;
+    std::array<Correction, RADIO_BAND_GSM_1900 + 1> corrections; // by the value of the band
+    Arrivals arrivals;
+    Levels levels;
 };
 
 // Paths from first to before end; none where both are equal.

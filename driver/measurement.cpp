@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
-// What reaches a receiver, and the total wideband power (RTWP) that it measures.
+// Measuring the received total wideband power (RTWP) and what the transmitters give.
 #include "measurement.h"
 
 #include "decibel.h"
-#include "receiver.h"
-#include "transmitter.h"
+#include "levels.h"
+#include "synthesiser.h"
+
+#include <algorithm>
 
 namespace sorel
 {
@@ -12,69 +14,104 @@ namespace sorel
 namespace
 {
 
-// kT at 290 K in mW/Hz: the Boltzmann constant times 290 K times 1000, -173.98 dBm/Hz.
-constexpr double noiseDensity = 1.380649e-23 * 290 * 1000;
+constexpr int unitsPerDecibel = 64;
 
-// Of RADIO_TX_TO_RX_LOOPBACK, from the transmitter's output to the receiver's input.
-constexpr double loopbackLoss = 1e-6; // 60 dB
+// The detector averages over this time, in seconds; it is what a call takes.
+constexpr double averagingTime = 1e-4;
 
-// Below the highest gain the noise figure rises by this many dB per dB.
-constexpr double noiseFigureSlope = 0.25;
-
-double thermalNoise(const FrontEnd &frontEnd)
+// Averaging noise of bandwidth B over a time T leaves a standard deviation of 10 / ln 10 / sqrt(B
+// T) dB. In 1/65536 of the unit.
+int64_t standardDeviation(const Mode &mode)
 {
-    return noiseDensity * frontEnd.setup.mode->bandwidth;
+    const double decibels = 1 / lnPerDecibel / std::sqrt(mode.bandwidth * averagingTime);
+    return std::lround(decibels * unitsPerDecibel * 65536);
 }
 
-double noiseFactor(const FrontEnd &frontEnd, int path)
+// Close to a normal distribution of standard deviation 65536: the sum of twelve even ones, each
+// from -32768 to 32767.
+int64_t normal(Random &random)
 {
-    const Platform &platform = *frontEnd.platform;
-    const int below = platform.highestGain - presentGain(frontEnd, path);
-    return ratio(static_cast<double>(platform.noiseFigure) + noiseFigureSlope * below);
+    constexpr int64_t mean = 12 * 65535 / 2;
+    int64_t sum = 0;
+    for (int word = 0; word < 3; ++word) {
+        const uint64_t bits = next(random);
+        for (int shift = 0; shift < 64; shift += 16)
+            sum += static_cast<int64_t>(bits >> shift & 0xffff);
+    }
+    return sum - mean;
 }
 
-Outcome show(double milliwatts, int32_t &power)
+int32_t noise(FrontEnd &frontEnd)
 {
-    if (milliwatts <= 0)
+    const int64_t scaled = normal(frontEnd.random) * standardDeviation(*frontEnd.setup.mode);
+    constexpr int64_t half = int64_t{1} << 31;
+    return static_cast<int32_t>((scaled + half) >> 32);
+}
+
+int32_t unitsOf(double milliwatts)
+{
+    return static_cast<int32_t>(std::lround(dBmOf(milliwatts) * unitsPerDecibel));
+}
+
+bool isOn(const FrontEnd &frontEnd, int path)
+{
+    return frontEnd.setup.receivers[path].state == RADIO_STATE_ENABLE;
+}
+
+// What the detectors of the paths make of a power that their converters turn into their largest
+// number at most. The driver takes the band's correction off.
+struct Detected {
+    double power = 0;
+    double most = 0;
+};
+
+void detect(const FrontEnd &frontEnd, int path, Detected &detected)
+{
+    const Levels &levels = frontEnd.levels;
+    const double most = fullScale / levels.gain[path];
+    const double correction = ratio(frontEnd.corrections[frontEnd.setup.band].rxGain[path]);
+    detected.power += std::min(levels.received[path], most) / correction;
+    detected.most += most / correction;
+}
+
+Outcome show(FrontEnd &frontEnd, const Detected &detected, int32_t &power)
+{
+    if (detected.most <= 0)
         return refused(RADIO_EERROR, "the receiver is switched off");
-    power = static_cast<int32_t>(std::lround(dBmOf(milliwatts) * 64));
+    if (!isRxLocked(frontEnd))
+        return refused(RADIO_EAGAIN, "the receive synthesiser has not locked");
+    power = std::min(unitsOf(detected.power) + noise(frontEnd), unitsOf(detected.most));
     return done();
-}
-
-double milliwattsIfOn(const FrontEnd &frontEnd, int path)
-{
-    const bool isOn = frontEnd.setup.receivers[path].state == RADIO_STATE_ENABLE;
-    return isOn ? receivedMilliwatts(frontEnd, path) : 0;
 }
 
 } // namespace
 
-double inputMilliwatts(const FrontEnd &frontEnd, int path)
-{
-    const bool hearsItself = frontEnd.setup.loopback == RADIO_TX_TO_RX_LOOPBACK;
-    const double signal = hearsItself ? outputMilliwatts(frontEnd, path) * loopbackLoss : 0;
-    return thermalNoise(frontEnd) + signal;
-}
-
-double receivedMilliwatts(const FrontEnd &frontEnd, int path)
-{
-    const double added = thermalNoise(frontEnd) * (noiseFactor(frontEnd, path) - 1);
-    return inputMilliwatts(frontEnd, path) + added;
-}
-
-Outcome measureReceiver(const FrontEnd &frontEnd, RadioRxAntenna antenna, int32_t &power)
+Outcome measureReceiver(FrontEnd &frontEnd, RadioRxAntenna antenna, int32_t &power)
 {
     if (const Outcome outcome = requirePath(frontEnd, antenna); isRefused(outcome))
         return outcome;
-    return show(milliwattsIfOn(frontEnd, antenna), power);
+    Detected detected;
+    if (isOn(frontEnd, antenna))
+        detect(frontEnd, antenna, detected);
+    return show(frontEnd, detected, power);
 }
 
-Outcome measureReceivers(const FrontEnd &frontEnd, int32_t &power)
+Outcome measureReceivers(FrontEnd &frontEnd, int32_t &power)
 {
-    double sum = 0;
-    const Outcome outcome =
-        forSelectedPaths(frontEnd, [&](int path) { sum += milliwattsIfOn(frontEnd, path); });
-    return isRefused(outcome) ? outcome : show(sum, power);
+    Detected detected;
+    const Outcome outcome = forSelectedPaths(frontEnd, [&](int path) {
+        if (isOn(frontEnd, path))
+            detect(frontEnd, path, detected);
+    });
+    return isRefused(outcome) ? outcome : show(frontEnd, detected, power);
+}
+
+Outcome measureTransmitter(const FrontEnd &frontEnd, int path, int32_t &power)
+{
+    if (frontEnd.levels.output[path] <= 0)
+        return refused(RADIO_EERROR, "the transmitter gives no power");
+    power = unitsOf(frontEnd.levels.output[path]);
+    return done();
 }
 
 } // namespace sorel

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
-// What reaches a receiver, and the total wideband power (RTWP) that it measures.
+// Measuring the received total wideband power (RTWP) and what the transmitters give.
 #ifndef SOREL_DRIVER_MEASUREMENT_H
 #define SOREL_DRIVER_MEASUREMENT_H
 
@@ -8,18 +8,14 @@
 namespace sorel
 {
 
-// Power at the antenna connector of one receiver in the mode's bandwidth, in mW: thermal noise, and
-// the own transmitter in RADIO_TX_TO_RX_LOOPBACK.
-double inputMilliwatts(const FrontEnd &frontEnd, int path);
+// RTWP at the antenna connector in 1/64 dBm, of one receiver, or of those selected ones together
+// that are on. Each is another measurement, with its own noise. RADIO_EERROR while the receiver, or
+// all of them, are switched off, RADIO_EAGAIN while the synthesiser has not locked.
+Outcome measureReceiver(FrontEnd &frontEnd, RadioRxAntenna antenna, int32_t &power);
+Outcome measureReceivers(FrontEnd &frontEnd, int32_t &power);
 
-// Power that one receiver measures, referred to its antenna connector, in mW: the input, and the
-// noise that the receiver adds at its present gain.
-double receivedMilliwatts(const FrontEnd &frontEnd, int path);
-
-// RTWP in 1/64 dBm, of one receiver, or of those selected ones together that are on. RADIO_EERROR
-// while the receiver, or all of them, are switched off.
-Outcome measureReceiver(const FrontEnd &frontEnd, RadioRxAntenna antenna, int32_t &power);
-Outcome measureReceivers(const FrontEnd &frontEnd, int32_t &power);
+// Output of one transmitter in 1/64 dBm. RADIO_EERROR while there is none.
+Outcome measureTransmitter(const FrontEnd &frontEnd, int path, int32_t &power);
 
 } // namespace sorel
 

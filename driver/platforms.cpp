@@ -45,15 +45,30 @@ constexpr uint32_t everyCpri = bits(1, 2, 4, 5, 8, 10);
 constexpr uint32_t slowCpri = bits(1, 2, 4, 5);
 constexpr uint32_t fastCpri = bits(4, 5, 8, 10);
 
+constexpr uint32_t parallel = bits(RADIO_INTERFACE_JESD_CMOS, RADIO_INTERFACE_JESD_LVDS);
+constexpr uint32_t everyInterface = parallel | bits(RADIO_INTERFACE_CPRI);
+constexpr uint32_t onlyCmos = bits(RADIO_INTERFACE_JESD_CMOS);
+constexpr uint32_t lvdsAndCpri = bits(RADIO_INTERFACE_JESD_LVDS, RADIO_INTERFACE_CPRI);
+
 // clang-format off
 
 // By the value of the platform.
 const Platform platforms[] = {
-    {RADIO_PLATFORM_DEFAULT, "simulated board",  1, 2, everyMode,     everyBand,              upTo3800MHz, 16, 12, -600, 240, 0, 76, 5.0f, everyCpri},
-    {RADIO_PLATFORM_TALWIN,  "simulated Talwin", 2, 2, everyMode,     everyBand,              upTo2700MHz, 16, 14, -600, 240, 0, 72, 5.5f, slowCpri},
-    {RADIO_PLATFORM_MERRIK,  "simulated Merrik", 1, 2, pairedModes,   pairedBands | gsmBands, upTo2700MHz, 12, 10, -500, 200, 0, 64, 6.5f, noCpri},
-    {RADIO_PLATFORM_OSTRAV,  "simulated Ostrav", 1, 2, terminalModes, everyBand,              upTo3800MHz, 14, 12, -500, 230, 0, 76, 4.0f, noCpri},
-    {RADIO_PLATFORM_BELLAN,  "simulated Bellan", 1, 1, unpairedModes, unpairedBands,          from1800MHz, 10, 12, -400, 270, 3, 60, 6.0f, fastCpri},
+    {RADIO_PLATFORM_DEFAULT, "simulated board",
+     1, 2, everyMode,     everyBand,              everyInterface, everyCpri,
+     upTo3800MHz, 1,    60, 16, 3,   12, 12, -600, 240, 0, 76, 5.0, 0.25, 0.010, 8,  8192},
+    {RADIO_PLATFORM_TALWIN,  "simulated Talwin",
+     2, 2, everyMode,     everyBand,              lvdsAndCpri,    slowCpri,
+     upTo2700MHz, 1,    60, 16, 3,   14, 14, -600, 240, 0, 72, 5.5, 0.25, 0.010, 6,  16384},
+    {RADIO_PLATFORM_MERRIK,  "simulated Merrik",
+     1, 2, pairedModes,   pairedBands | gsmBands, onlyCmos,       noCpri,
+     upTo2700MHz, 100,  80, 12, 50,  10, 10, -500, 200, 0, 64, 6.5, 0.30, 0.015, 12, 4096},
+    {RADIO_PLATFORM_OSTRAV,  "simulated Ostrav",
+     1, 2, terminalModes, everyBand,              parallel,       noCpri,
+     upTo3800MHz, 1,    50, 14, 12,  12, 12, -500, 230, 0, 76, 4.0, 0.20, 0.010, 9,  6144},
+    {RADIO_PLATFORM_BELLAN,  "simulated Bellan",
+     1, 1, unpairedModes, unpairedBands,          lvdsAndCpri,    fastCpri,
+     from1800MHz, 1000, 90, 10, 200, 12, 12, -400, 270, 3, 60, 6.0, 0.25, 0.012, 5,  12288},
 };
 
 // clang-format on

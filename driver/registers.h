@@ -9,8 +9,8 @@
 namespace sorel
 {
 
-// RADIO_EINVAL where there is no register.
-Outcome readRegister(const FrontEnd &frontEnd, uint32_t address, uint32_t &value);
+// RADIO_EINVAL where the platform has no register. Reading RTWP is a measurement.
+Outcome readRegister(FrontEnd &frontEnd, uint32_t address, uint32_t &value);
 
 // RADIO_EINVAL where there is no register, RADIO_ENOTSUP where it is read-only, and otherwise what
 // the function for the same state answers.

@@ -8,9 +8,10 @@
 namespace sorel
 {
 
-// Sets the front end up, then does the script's writes. All or nothing: RADIO_EINVAL, before
+// Sets the front end up, then does what the script says. All or nothing: RADIO_EINVAL, before
 // anything else is looked at, for a script that cannot be read or does not parse; otherwise what
-// the setting up or the first refused write answers. README.md has the syntax.
+// the setting up, the first refused write or the first failed check (RADIO_EERROR) answers.
+// README.md has the syntax.
 Outcome setUpByScript(FrontEnd &frontEnd, const Platform &platform, RadioConf configuration,
                       RadioMode mode, RadioBand band, const char *path);
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
-// Simulated time, and the temperature of the radio chip that follows the heat in it.
+// The temperature of the radio chip: it follows the heat in it.
 #include "thermal.h"
 
+#include "events.h"
 #include "front_end.h"
-#include "transmitter.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace sorel
@@ -13,11 +14,12 @@ namespace sorel
 namespace
 {
 
-constexpr int64_t ambientNanodegrees = 25'000'000'000;
-constexpr int64_t nanodegreesPerMicrowatt = 8'000; // 8 K/W from chip to air
+constexpr int64_t nanosecondsPerTick = 100'000;
 
-// The time constant in calls: 0.8192 s.
-constexpr int64_t callsToSettle = 8192;
+// Ticks after which even the slowest platform's temperature no longer moves.
+constexpr int64_t ticksToStandstill = 1 << 20;
+
+constexpr int64_t nanodegreesPerDegree = 1'000'000'000;
 
 // Heat in microwatts.
 constexpr int64_t idleChip = 400'000;
@@ -37,29 +39,70 @@ int64_t heat(const FrontEnd &frontEnd)
             microwatts += runningReceiver;
         if (setup.transmitters[path].state == RADIO_STATE_ENABLE)
             microwatts += runningTransmitter +
-                          heatPerOutput * std::llround(outputMilliwatts(frontEnd, path) * 1e3);
+                          heatPerOutput *
+                              static_cast<int64_t>(std::lround(frontEnd.levels.output[path] * 1e3));
     }
     return microwatts;
+}
+
+// Steps of a first-order approach to what settles.
+void approach(Thermal &thermal, int64_t settled, int64_t settling, int64_t ticks)
+{
+    for (ticks = std::min(ticks, ticksToStandstill); ticks > 0; --ticks) {
+        const int64_t change = (settled - thermal.nanodegrees) / settling;
+        if (change == 0)
+            break;
+        thermal.nanodegrees += change;
+    }
+}
+
+void protect(FrontEnd &frontEnd)
+{
+    Thermal &thermal = frontEnd.thermal;
+    const int64_t limit = thermal.isShutDown ? restartDegrees : shutDownDegrees;
+    const bool isHot = temperatureReading(frontEnd) >= limit * 16;
+    if (isHot && !thermal.isShutDown) {
+        frontEnd.events |= ShutDown;
+        for (Transmitter &transmitter : frontEnd.setup.transmitters)
+            transmitter.state = RADIO_STATE_DISABLE;
+        frontEnd.levels.isKnown = false;
+    }
+    thermal.isShutDown = isHot;
 }
 
 } // namespace
 
 int64_t settledNanodegrees(const FrontEnd &frontEnd)
 {
-    return ambientNanodegrees + heat(frontEnd) * nanodegreesPerMicrowatt;
+    constexpr int64_t nanodegreesPerMicrodegree = 1'000;
+    return frontEnd.scenario->ambientNanodegrees +
+           heat(frontEnd) * frontEnd.platform->heating * nanodegreesPerMicrodegree;
 }
 
-void passTime(FrontEnd &frontEnd)
+void warm(FrontEnd &frontEnd)
 {
     Thermal &thermal = frontEnd.thermal;
-    ++thermal.calls;
-    thermal.nanodegrees += (settledNanodegrees(frontEnd) - thermal.nanodegrees) / callsToSettle;
+    const int32_t shown = temperatureReading(frontEnd);
+    const int64_t ticks = (frontEnd.now - thermal.reached) / nanosecondsPerTick;
+    if (ticks > 0) {
+        approach(thermal, settledNanodegrees(frontEnd), frontEnd.platform->settling, ticks);
+        thermal.reached += ticks * nanosecondsPerTick;
+    }
+    // The noise figure follows the temperature that is shown.
+    if (temperatureReading(frontEnd) != shown)
+        frontEnd.levels.isKnown = false;
+    protect(frontEnd);
 }
 
 int32_t temperatureReading(const FrontEnd &frontEnd)
 {
-    constexpr int64_t nanodegreesPerStep = 1'000'000'000 / 16;
-    return static_cast<int32_t>(frontEnd.thermal.nanodegrees / nanodegreesPerStep);
+    const Conditions &conditions = frontEnd.conditions;
+    const int64_t nanodegrees =
+        conditions.forcesTemperature ? conditions.nanodegrees : frontEnd.thermal.nanodegrees;
+    constexpr int64_t nanodegreesPerStep = nanodegreesPerDegree / 16;
+    // Rounds down, below zero too.
+    return static_cast<int32_t>((nanodegrees - (nanodegrees < 0 ? nanodegreesPerStep - 1 : 0)) /
+                                nanodegreesPerStep);
 }
 
 } // namespace sorel

@@ -2,7 +2,8 @@
 // Tuning both directions, by frequency or by channel number.
 #include "tuning.h"
 
-#include "receiver.h"
+#include "gain_control.h"
+#include "synthesiser.h"
 
 namespace sorel
 {
@@ -12,16 +13,17 @@ namespace
 
 enum class End { Transmit, Receive };
 
-void tune(FrontEnd &frontEnd, End end, uint32_t frequency)
+void tune(FrontEnd &frontEnd, End end, uint32_t wanted)
 {
     Setup &setup = frontEnd.setup;
+    const uint32_t frequency = synthesised(*frontEnd.platform, wanted);
     const bool isShared = isTimeDivision(*setup.mode);
     if (end == End::Transmit || isShared)
-        setup.txFrequency = frequency;
+        program(frontEnd, setup.txSynthesiser, frequency);
     if (end == End::Receive || isShared) {
-        setup.rxFrequency = frequency;
+        program(frontEnd, setup.rxSynthesiser, frequency);
         for (int path = 0; path < pathCount(frontEnd); ++path)
-            triggerGain(frontEnd, path);
+            wake(frontEnd, path);
     }
 }
 
@@ -51,6 +53,12 @@ Outcome tuneToChannel(FrontEnd &frontEnd, End end, uint16_t channel)
     return done();
 }
 
+Outcome tuneByWords(FrontEnd &frontEnd, End end, uint32_t integerWord, uint32_t fractionWord)
+{
+    return tuneToFrequency(frontEnd, end,
+                           frequencyOf(*frontEnd.platform, integerWord, fractionWord));
+}
+
 } // namespace
 
 Outcome tuneTransmitters(FrontEnd &frontEnd, uint32_t frequency)
@@ -61,6 +69,16 @@ Outcome tuneTransmitters(FrontEnd &frontEnd, uint32_t frequency)
 Outcome tuneReceivers(FrontEnd &frontEnd, uint32_t frequency)
 {
     return tuneToFrequency(frontEnd, End::Receive, frequency);
+}
+
+Outcome tuneTransmittersByWords(FrontEnd &frontEnd, uint32_t integerWord, uint32_t fractionWord)
+{
+    return tuneByWords(frontEnd, End::Transmit, integerWord, fractionWord);
+}
+
+Outcome tuneReceiversByWords(FrontEnd &frontEnd, uint32_t integerWord, uint32_t fractionWord)
+{
+    return tuneByWords(frontEnd, End::Receive, integerWord, fractionWord);
 }
 
 Outcome tuneTransmittersToChannel(FrontEnd &frontEnd, uint16_t channel)
