@@ -3,9 +3,8 @@
 #include "calibration.h"
 
 #include "files.h"
-#include "toml.h"
+#include "parse_toml.h"
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -15,9 +14,11 @@ namespace sorel
 namespace
 {
 
-// toml++ limits how deep values nest, but not dotted keys, and takes tables apart recursively: a
-// file of dots would exhaust the stack.
-constexpr std::ptrdiff_t mostDots = 4096;
+Outcome notToml(const toml::parse_error &error)
+{
+    const toml::source_position place = error.source().begin;
+    return refused(RADIO_EINVAL, place ? "not a TOML file" : tooManyDots, place.line);
+}
 
 Outcome refusedAt(const toml::node &node, const char *cause)
 {
@@ -90,11 +91,9 @@ Outcome loadCalibration(Calibration &calibration, const char *path)
     std::string text;
     if (const Outcome outcome = readFile(path, text); isRefused(outcome))
         return outcome;
-    if (std::count(text.begin(), text.end(), '.') > mostDots)
-        return refused(RADIO_EINVAL, "the file holds more than 4096 dots");
-    const toml::parse_result file = toml::parse(text);
+    const toml::parse_result file = parseToml(text);
     if (!file)
-        return refused(RADIO_EINVAL, "not a TOML file", file.error().source().begin.line);
+        return notToml(file.error());
     Calibration loaded;
     if (const Outcome outcome = readTables(loaded, file.table()); isRefused(outcome))
         return outcome;

@@ -3,11 +3,11 @@
 #include "script.h"
 
 #include "files.h"
+#include "parse_number.h"
 #include "registers.h"
 #include "simulated_time.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <string_view>
 #include <vector>
@@ -48,24 +48,6 @@ std::string_view takeWord(std::string_view &text)
     const std::string_view word = text.substr(0, text.find_first_of(blanks));
     text.remove_prefix(word.size());
     return word;
-}
-
-// Decimal, or hexadecimal after 0x; a decimal number may be negative. True if word is a number of
-// 32 bits, signed or unsigned, and nothing else.
-bool parseNumber(std::string_view word, uint32_t &number)
-{
-    const bool isHexadecimal = word.starts_with("0x") || word.starts_with("0X");
-    if (isHexadecimal)
-        word.remove_prefix(2);
-    int64_t parsed = 0;
-    const char *const end = word.data() + word.size();
-    const auto result = std::from_chars(word.data(), end, parsed, isHexadecimal ? 16 : 10);
-    if (result.ec != std::errc() || result.ptr != end)
-        return false;
-    if (parsed < (isHexadecimal ? 0 : INT32_MIN) || parsed > UINT32_MAX)
-        return false;
-    number = static_cast<uint32_t>(parsed);
-    return true;
 }
 
 struct Unit {

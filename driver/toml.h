@@ -7,6 +7,8 @@
 #define TOML_EXCEPTIONS 0
 #define TOML_ENABLE_FORMATTERS 0
 
+#include <cstdint> // which toml++ takes for included
+
 #include <toml++/impl/preprocessor.h>
 
 // toml++ 3.3 asserts, or lets the optimiser assume, that a key starts with a key's character before
