@@ -7,6 +7,7 @@
 
 #include "contexts.h"
 #include "enumerations.h"
+#include "faults.h"
 #include "simulated_time.h"
 
 #include <limits>
@@ -69,15 +70,21 @@ constexpr bool isAcceptable(Value value)
 
 // Runs the body with arguments, or refuses them.
 template <class Part, class... Parameters, class... Arguments>
-Outcome run(Board &board, Outcome (*body)(Part &, Parameters...), Arguments &...arguments)
+Outcome run(Board &board, const char *function, Outcome (*body)(Part &, Parameters...),
+            Arguments &...arguments)
 {
+    const Fault *const fault = befall(function, &board.frontEnd);
     passTime(board.frontEnd);
     if (!(isAcceptable(arguments) && ...))
         return refused(RADIO_EINVAL, "not a member of the enumeration");
+    if (fault)
+        return injected(*fault, arguments...);
     std::remove_const_t<Part> *part;
     pick(board, part);
     try {
-        return body(*part, arguments...);
+        const Outcome outcome = body(*part, arguments...);
+        endure(board.frontEnd);
+        return outcome;
     } catch (...) {
         return refused(RADIO_EERROR, "out of memory");
     }
@@ -91,7 +98,7 @@ RadioReturn command(RadioContext *context, const char *function,
     Board *const board = boardOf(context);
     if (!board)
         return RADIO_EINVAL;
-    const Outcome outcome = run(*board, body, arguments...);
+    const Outcome outcome = run(*board, function, body, arguments...);
     board->frontEnd.levels.isKnown = false;
     if (board->log.level != RADIO_DEBUG_NONE) [[unlikely]] {
         const Argument described[] = {describe(arguments)..., describe(0)};
@@ -109,7 +116,7 @@ Value reading(RadioContext *context, const char *function, Outcome (*body)(Part 
     if (!board)
         return failing<Value>();
     Value value = failing<Value>();
-    const Outcome outcome = run(*board, body, arguments..., value);
+    const Outcome outcome = run(*board, function, body, arguments..., value);
     if (board->log.level != RADIO_DEBUG_NONE) [[unlikely]] {
         const Argument described[] = {describe(arguments)..., describe(0)};
         logReading(board->log, function, described, sizeof...(arguments), outcome, describe(value));

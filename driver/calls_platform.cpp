@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // The interface's functions for platform, lifecycle and calibration.
 #include "call.h"
+#include "in_scenario.h"
 #include "link.h"
+#include "scenario_file.h"
 #include "script.h"
 
 using namespace sorel;
@@ -11,13 +13,15 @@ namespace
 
 Outcome setUpSelected(FrontEnd &frontEnd, RadioConf configuration, RadioMode mode, RadioBand band)
 {
-    return setUp(frontEnd, selectedPlatform(), configuration, mode, band);
+    return setUpInScenario(frontEnd, selectedPlatform(*frontEnd.scenario), configuration, mode,
+                           band);
 }
 
 Outcome setUpSelectedByScript(FrontEnd &frontEnd, RadioConf configuration, RadioMode mode,
                               RadioBand band, const char *script)
 {
-    return setUpByScript(frontEnd, selectedPlatform(), configuration, mode, band, script);
+    return setUpByScript(frontEnd, selectedPlatform(*frontEnd.scenario), configuration, mode, band,
+                         script);
 }
 
 Outcome switchOff(FrontEnd &frontEnd)
@@ -52,13 +56,19 @@ RadioReturn radioSelectPlatform(RadioPlatformSelectIndex platform)
 {
     if (!isMember(platform))
         return RADIO_EINVAL;
+    if (const Fault *const fault = befall(__func__))
+        return fault->status;
     selectPlatform(platformOf(platform));
     return RADIO_ESUCCESS;
 }
 
 RadioContext *radioOpen(void)
 {
-    return openContext();
+    try {
+        return openContext();
+    } catch (...) { // out of memory
+        return nullptr;
+    }
 }
 
 RadioReturn radioClose(RadioContext *context)
@@ -93,7 +103,7 @@ RadioReturn radioCpriInit(RadioContext *context, RadioCpriRate rate)
 
 RadioReturn radioReset(RadioContext *context)
 {
-    return command(context, __func__, reset);
+    return command(context, __func__, resetInScenario);
 }
 
 RadioReturn radioLoadCalibrationFile(RadioContext *context, const char *path)
@@ -121,18 +131,18 @@ int32_t radioGetPlatformChipCount(RadioContext *context)
 const char *radioGetPlatformName(RadioContext *context)
 {
     if (!context)
-        return selectedPlatform().name;
+        return befall(__func__) ? nullptr : selectedPlatform(presentScenario()).name;
     return reading<const char *>(context, __func__, readPlatformName);
 }
 
 const char *radioVersion(RadioContext *)
 {
-    return SOREL_SIMULATION_VERSION;
+    return befall(__func__) ? nullptr : SOREL_SIMULATION_VERSION;
 }
 
 char **radioGetDriverNames(RadioContext *)
 {
-    return driverNames;
+    return befall(__func__) ? nullptr : driverNames;
 }
 
 } // extern "C"

@@ -26,6 +26,15 @@ struct Conditions {
     StuckRegister stuck[mostStuckRegisters] = {};
 };
 
+// Null where that register is not stuck.
+inline const StuckRegister *stuckAt(const Conditions &conditions, uint32_t address)
+{
+    for (int i = 0; i < conditions.stuckCount; ++i)
+        if (conditions.stuck[i].address == address)
+            return &conditions.stuck[i];
+    return nullptr;
+}
+
 } // namespace sorel
 
 #endif

@@ -3,6 +3,9 @@
 // platform.
 #include "contexts.h"
 
+#include "faults.h"
+#include "in_scenario.h"
+#include "scenario_file.h"
 #include "simulated_time.h"
 
 #include <new>
@@ -22,17 +25,18 @@ RadioContext ring[ringSize];
 int lastOpened = ringSize - 1;
 int openCount = 0;
 
-const Platform *selected = nullptr; // null: none has been selected
+const Platform *selected = &platformOf(RADIO_PLATFORM_DEFAULT);
 
 } // namespace
 
 RadioContext *openContext()
 {
-    if (openCount == openLimit)
+    const auto scenario = loadScenario(*selected);
+    if (befall("radioOpen") || !scenario || openCount == openLimit)
         return nullptr;
-    const auto scenario = std::make_shared<const Scenario>();
+    const Platform &platform = scenario->platform ? *scenario->platform : *selected;
     Board *const board =
-        new (std::nothrow) Board{scenario, switchedOn(selectedPlatform(), *scenario), {}, {}};
+        new (std::nothrow) Board{scenario, switchedOnInScenario(platform, *scenario), {}, {}};
     if (!board)
         return nullptr;
     startTime(board->frontEnd);
@@ -62,9 +66,10 @@ Board *boardOf(const RadioContext *context)
     return context->board;
 }
 
-const Platform &selectedPlatform()
+const Platform &selectedPlatform(const Scenario &scenario)
 {
-    return selected ? *selected : platformOf(RADIO_PLATFORM_DEFAULT);
+    const bool isChosen = selected->platform != RADIO_PLATFORM_DEFAULT;
+    return isChosen || !scenario.platform ? *selected : *scenario.platform;
 }
 
 void selectPlatform(const Platform &platform)

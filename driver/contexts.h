@@ -16,8 +16,9 @@ constexpr int openLimit = 16;
 // ringSize - openLimit opens.
 constexpr int ringSize = 4096;
 
-// Opens a context on a board of the selected platform that has just been switched on. Null when
-// openLimit contexts are open, or memory is short.
+// Opens a context on a board that has just been switched on: the one of the scenario, or of the
+// selected platform where that names none. Null when the scenario is refused or lets the opening
+// fail, openLimit contexts are open, or memory is short.
 RadioContext *openContext();
 
 // Ends what boardOf() has found.
@@ -26,8 +27,9 @@ void closeContext(RadioContext *context);
 // The board of an open context; null for any other pointer, whatever it points to.
 Board *boardOf(const RadioContext *context);
 
-// RADIO_PLATFORM_DEFAULT until another one is selected.
-const Platform &selectedPlatform();
+// RADIO_PLATFORM_DEFAULT until another one is selected; that is the platform that the scenario
+// names, if it does.
+const Platform &selectedPlatform(const Scenario &scenario);
 void selectPlatform(const Platform &platform);
 
 } // namespace sorel

@@ -407,7 +407,8 @@ Outcome readRegister(FrontEnd &frontEnd, uint32_t address, uint32_t &value)
     const Row *const row = rowAt(*frontEnd.platform, address);
     if (!row)
         return noRegister;
-    value = row->read(frontEnd, address - row->first);
+    const StuckRegister *const stuck = stuckAt(frontEnd.conditions, address);
+    value = stuck ? stuck->value : row->read(frontEnd, address - row->first);
     return done();
 }
 
@@ -418,6 +419,8 @@ Outcome writeRegister(FrontEnd &frontEnd, uint32_t address, uint32_t value)
         return noRegister;
     if (!row->write)
         return refused(RADIO_ENOTSUP, readOnly);
+    if (stuckAt(frontEnd.conditions, address))
+        return done();
     return row->write(frontEnd, address - row->first, value);
 }
 

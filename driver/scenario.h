@@ -15,6 +15,9 @@ namespace sorel
 // Simulated time is counted in nanoseconds from radioOpen().
 constexpr int64_t forever = INT64_MAX;
 
+// Likelihoods are counted in 2^-32.
+constexpr uint64_t certain = uint64_t{1} << 32;
+
 // How simulated time passes: by a fixed amount for each call, or as real time does.
 enum class Clock { Calls, Wall };
 
@@ -44,10 +47,10 @@ enum class Effect {
 };
 
 struct Fault {
-    std::string function;    // empty: each function with a context
-    uint64_t first = 1;      // the call of that function with which it begins, counted from 1
-    uint64_t calls = 0;      // of that function for which it lasts; 0: for good
-    uint64_t likelihood = 0; // in 2^-32 of each of these calls, drawn under the seed; 2^32: all
+    std::string function;          // empty: each function with a context
+    uint64_t first = 1;            // the call of that function with which it begins, counted from 1
+    uint64_t calls = 0;            // of that function for which it lasts; 0: for good
+    uint64_t likelihood = certain; // of each of these calls, drawn under the seed
 
     Effect effect = Effect::Status;
     RadioReturn status = RADIO_EIO;

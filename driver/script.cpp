@@ -3,6 +3,7 @@
 #include "script.h"
 
 #include "files.h"
+#include "in_scenario.h"
 #include "parse_number.h"
 #include "registers.h"
 #include "simulated_time.h"
@@ -176,7 +177,7 @@ Outcome setUpByScript(FrontEnd &frontEnd, const Platform &platform, RadioConf co
         return outcome;
 
     FrontEnd changed = frontEnd;
-    const Outcome setup = setUp(changed, platform, configuration, mode, band);
+    const Outcome setup = setUpInScenario(changed, platform, configuration, mode, band);
     if (isRefused(setup))
         return setup;
     for (const Step &step : script.steps) {

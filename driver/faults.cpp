@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// The faults of the process's scenario: counts calls, and says what befalls each of them.
+#include "faults.h"
+
+#include "random.h"
+#include "registers.h"
+#include "synthesiser.h"
+
+#include <utility>
+
+namespace sorel
+{
+
+bool anyFaults = false;
+
+namespace
+{
+
+// What has become of one fault.
+struct Course {
+    uint64_t calls = 0;    // of its function
+    bool isActive = false; // since the last of them
+    bool isHeld = false;   // whether value is what its register is stuck at
+    uint32_t value = 0;
+};
+
+std::shared_ptr<const Scenario> scenario;
+std::vector<Course> courses; // by the index of the fault
+Conditions conditions;       // of the present call
+
+// The same for the same seed, whatever else is called and whichever faults there are besides.
+bool isDrawn(const Fault &fault, uint64_t index, uint64_t call)
+{
+    Random faultRandom = {mixed(scenario->seed) + index};
+    Random callRandom = {next(faultRandom) + call};
+    return next(callRandom) >> 32 < fault.likelihood;
+}
+
+bool isActiveAt(const Fault &fault, uint64_t index, uint64_t call)
+{
+    const bool lasts =
+        call >= fault.first && (fault.calls == 0 || call - fault.first < fault.calls);
+    return lasts && isDrawn(fault, index, call);
+}
+
+bool isAnswer(Effect effect)
+{
+    return effect == Effect::Status || effect == Effect::Null || effect == Effect::NotANumber ||
+           effect == Effect::Number;
+}
+
+// What a register without a value of its own is stuck at: what it read when the fault began.
+uint32_t stuckValue(const Fault &fault, Course &course, FrontEnd &frontEnd)
+{
+    if (!course.isHeld)
+        readRegister(frontEnd, fault.address, course.value);
+    course.isHeld = true;
+    return fault.hasValue ? fault.value : course.value;
+}
+
+void addCondition(const Fault &fault, Course &course, FrontEnd &frontEnd)
+{
+    if (fault.effect == Effect::StuckRegister)
+        conditions.stuck[conditions.stuckCount++] = {fault.address,
+                                                     stuckValue(fault, course, frontEnd)};
+    if (fault.effect == Effect::Synthesiser) {
+        conditions.txNeverLocks |= fault.transmit;
+        conditions.rxNeverLocks |= fault.receive;
+    }
+    if (fault.effect == Effect::Temperature) {
+        conditions.forcesTemperature = true;
+        conditions.nanodegrees = fault.nanodegrees;
+    }
+}
+
+void updateConditions(FrontEnd &frontEnd)
+{
+    conditions = {};
+    for (std::size_t i = 0; i < courses.size(); ++i)
+        if (courses[i].isActive)
+            addCondition(scenario->faults[i], courses[i], frontEnd);
+    impose(frontEnd, conditions);
+}
+
+} // namespace
+
+void startFaults(std::shared_ptr<const Scenario> next)
+{
+    courses.assign(next ? next->faults.size() : 0, {});
+    scenario = std::move(next);
+    anyFaults = anyFaults || !courses.empty();
+}
+
+const Fault *countCall(const char *function, FrontEnd *frontEnd)
+{
+    const Fault *answering = nullptr;
+    for (std::size_t i = 0; i < courses.size(); ++i) {
+        const Fault &fault = scenario->faults[i];
+        Course &course = courses[i];
+        if (fault.function.empty() ? !frontEnd : fault.function != function)
+            continue;
+        course.isActive = isActiveAt(fault, i, ++course.calls);
+        course.isHeld = course.isHeld && course.isActive;
+        if (course.isActive && isAnswer(fault.effect) && !answering)
+            answering = &fault;
+    }
+    if (frontEnd)
+        updateConditions(*frontEnd);
+    return answering;
+}
+
+void holdStuckRegisters(FrontEnd &frontEnd)
+{
+    frontEnd.conditions = {}; // the state behind a stuck register is what is put back
+    for (int i = 0; i < conditions.stuckCount; ++i) {
+        const StuckRegister &stuck = conditions.stuck[i];
+        uint32_t value = stuck.value;
+        readRegister(frontEnd, stuck.address, value);
+        if (value != stuck.value)
+            writeRegister(frontEnd, stuck.address, stuck.value);
+    }
+    frontEnd.conditions = conditions;
+}
+
+} // namespace sorel

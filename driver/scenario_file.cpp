@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// The scenario of the process: that of the file which SOREL_SIM_SCENARIO names.
+#include "scenario_file.h"
+
+#include "faults.h"
+#include "files.h"
+#include "scenario_reading.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+namespace sorel
+{
+
+namespace
+{
+
+constexpr std::size_t mostReported = 100;
+
+struct Loaded {
+    std::string text;         // of the file
+    const Platform *selected; // for which it has been found right
+    std::shared_ptr<const Scenario> scenario;
+};
+
+Loaded loaded; // no scenario: nothing has been loaded
+
+// Prints text, but nothing in it that a terminal would obey.
+void put(std::string_view text)
+{
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const bool startsControl = // U+0080 to U+009F in UTF-8
+            byte == 0xc2 && i + 1 < text.size() && (text[i + 1] & 0xe0) == 0x80;
+        if (byte < 0x20 || byte == 0x7f || startsControl)
+            std::fprintf(stderr, "\\x%02x", byte);
+        else
+            std::fputc(byte, stderr);
+    }
+}
+
+void report(const char *path, const std::vector<Mistake> &mistakes)
+{
+    for (std::size_t i = 0; i < mistakes.size() && i < mostReported; ++i) {
+        const Mistake &mistake = mistakes[i];
+        put(path);
+        if (mistake.line != 0)
+            std::fprintf(stderr, ":%u:%u", mistake.line, mistake.column);
+        std::fputs(": ", stderr);
+        put(mistake.text);
+        std::fputc('\n', stderr);
+    }
+    if (mistakes.size() > mostReported) {
+        put(path);
+        std::fprintf(stderr, ": %zu more mistakes\n", mistakes.size() - mostReported);
+    }
+}
+
+void replace(Loaded other)
+{
+    loaded = std::move(other);
+    startFaults(loaded.scenario);
+}
+
+// Null where path names no scenario file, with the mistakes.
+std::shared_ptr<const Scenario> read(const char *path, const Platform &selected,
+                                     std::vector<Mistake> &mistakes)
+{
+    std::string text;
+    if (const Outcome outcome = readFile(path, text); isRefused(outcome)) {
+        mistakes.push_back({0, 0, outcome.cause});
+        return nullptr;
+    }
+    const bool isSame = loaded.scenario && text == loaded.text;
+    if (isSame && &selected == loaded.selected)
+        return loaded.scenario;
+    const auto scenario = std::make_shared<Scenario>();
+    mistakes = readScenario(text, selected, *scenario);
+    if (!mistakes.empty())
+        return nullptr;
+    if (isSame) // on another platform: the faults go on
+        loaded.selected = &selected;
+    else
+        replace({std::move(text), &selected, scenario});
+    return loaded.scenario;
+}
+
+} // namespace
+
+std::shared_ptr<const Scenario> loadScenario(const Platform &selected)
+{
+    const char *const path = std::getenv("SOREL_SIM_SCENARIO");
+    if (!path || !*path) {
+        replace({});
+        return std::make_shared<const Scenario>();
+    }
+    std::vector<Mistake> mistakes;
+    auto scenario = read(path, selected, mistakes);
+    if (!scenario)
+        replace({});
+    report(path, mistakes);
+    return scenario;
+}
+
+const Scenario &presentScenario()
+{
+    static const Scenario none;
+    return loaded.scenario ? *loaded.scenario : none;
+}
+
+} // namespace sorel
