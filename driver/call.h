@@ -44,6 +44,11 @@ constexpr const char *failing<const char *>()
 }
 
 // The part of the board that a body works on.
+inline void pick(Board &board, Board *&part)
+{
+    part = &board;
+}
+
 inline void pick(Board &board, FrontEnd *&part)
 {
     part = &board.frontEnd;

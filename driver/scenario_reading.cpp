@@ -296,18 +296,12 @@ Fault readElement(Reading &reading, const toml::table &table, const Fault *)
 
 // ---- The file ----
 
-const Choice<RadioPlatformSelectIndex> platforms[] = {
-    {"default", RADIO_PLATFORM_DEFAULT}, {"talwin", RADIO_PLATFORM_TALWIN},
-    {"merrik", RADIO_PLATFORM_MERRIK},   {"ostrav", RADIO_PLATFORM_OSTRAV},
-    {"bellan", RADIO_PLATFORM_BELLAN},
-};
-
 const Choice<Clock> clocks[] = {{"calls", Clock::Calls}, {"wall", Clock::Wall}};
 
 // Read first: addresses are the platform's.
 void platform(const Item &item, Scenario &scenario)
 {
-    if (const auto value = choiceIn(item, platforms))
+    if (const auto value = choiceIn(item, platformChoices))
         scenario.platform = item.reading.platform = &platformOf(*value);
 }
 
@@ -359,12 +353,6 @@ const Key<Scenario> fileKeys[] = {
 
 // clang-format on
 
-Mistake syntaxMistake(const toml::parse_error &error)
-{
-    const toml::source_position place = error.source().begin;
-    return {place.line, place.column, std::string(error.description())};
-}
-
 } // namespace
 
 std::vector<Mistake> readScenario(const std::string &text, const Platform &selected,
@@ -375,10 +363,7 @@ std::vector<Mistake> readScenario(const std::string &text, const Platform &selec
         return {syntaxMistake(file.error())};
     Reading reading = {&selected, {}};
     readKeys(reading, file.table(), "", fileKeys, scenario);
-    std::stable_sort(reading.mistakes.begin(), reading.mistakes.end(),
-                     [](const Mistake &a, const Mistake &b) {
-                         return std::tie(a.line, a.column) < std::tie(b.line, b.column);
-                     });
+    sortByPlace(reading.mistakes);
     return std::move(reading.mistakes);
 }
 

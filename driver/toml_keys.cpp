@@ -3,6 +3,7 @@
 #include "toml_keys.h"
 
 #include <charconv>
+#include <tuple>
 #include <utility>
 
 namespace sorel
@@ -47,6 +48,19 @@ void noteRange(const Item &item, Number number, int64_t lowest, int64_t highest)
 }
 
 } // namespace
+
+Mistake syntaxMistake(const toml::parse_error &error)
+{
+    const toml::source_position place = error.source().begin;
+    return {place.line, place.column, std::string(error.description())};
+}
+
+void sortByPlace(std::vector<Mistake> &mistakes)
+{
+    std::stable_sort(mistakes.begin(), mistakes.end(), [](const Mistake &a, const Mistake &b) {
+        return std::tie(a.line, a.column) < std::tie(b.line, b.column);
+    });
+}
 
 void note(Reading &reading, const toml::source_region &place, std::string text)
 {

@@ -38,6 +38,12 @@ struct Key {
     bool isRequired = false;
 };
 
+// What keeps a text from being TOML.
+Mistake syntaxMistake(const toml::parse_error &error);
+
+// In the order of the file.
+void sortByPlace(std::vector<Mistake> &mistakes);
+
 void note(Reading &reading, const toml::source_region &place, std::string text);
 
 // Notes "NAME TEXT" at the value.
@@ -84,6 +90,13 @@ std::optional<Value> choiceIn(const Item &item, const Choice<Value> (&choices)[c
     note(item, "is " + quoted(*text) + ", not " + list);
     return {};
 }
+
+// The platforms by the names that files have for them.
+inline constexpr Choice<RadioPlatformSelectIndex> platformChoices[] = {
+    {"default", RADIO_PLATFORM_DEFAULT}, {"talwin", RADIO_PLATFORM_TALWIN},
+    {"merrik", RADIO_PLATFORM_MERRIK},   {"ostrav", RADIO_PLATFORM_OSTRAV},
+    {"bellan", RADIO_PLATFORM_BELLAN},
+};
 
 template <class>
 struct MemberOf;
