@@ -4,6 +4,7 @@
 
 #include "decibel.h"
 #include "levels.h"
+#include "simulated_time.h"
 #include "synthesiser.h"
 
 #include <algorithm>
@@ -16,14 +17,12 @@ namespace
 
 constexpr int unitsPerDecibel = 64;
 
-// The detector averages over this time, in seconds; it is what a call takes.
-constexpr double averagingTime = 1e-4;
-
 // Averaging noise of bandwidth B over a time T leaves a standard deviation of 10 / ln 10 / sqrt(B
 // T) dB. In 1/65536 of the unit.
 int64_t standardDeviation(const Mode &mode)
 {
-    const double decibels = 1 / lnPerDecibel / std::sqrt(mode.bandwidth * averagingTime);
+    const double averaged = mode.bandwidth * (mode.averaging * 1e-9);
+    const double decibels = 1 / lnPerDecibel / std::sqrt(averaged);
     return std::lround(decibels * unitsPerDecibel * 65536);
 }
 
@@ -51,6 +50,13 @@ int32_t noise(FrontEnd &frontEnd)
 int32_t unitsOf(double milliwatts)
 {
     return static_cast<int32_t>(std::lround(dBmOf(milliwatts) * unitsPerDecibel));
+}
+
+// The time of the measurement, beyond that of the call which makes it.
+void average(FrontEnd &frontEnd)
+{
+    if (frontEnd.setup.mode->averaging > callTime)
+        wait(frontEnd, frontEnd.setup.mode->averaging - callTime);
 }
 
 bool isOn(const FrontEnd &frontEnd, int path)
@@ -90,6 +96,7 @@ Outcome measureReceiver(FrontEnd &frontEnd, RadioRxAntenna antenna, int32_t &pow
 {
     if (const Outcome outcome = requirePath(frontEnd, antenna); isRefused(outcome))
         return outcome;
+    average(frontEnd);
     Detected detected;
     if (isOn(frontEnd, antenna))
         detect(frontEnd, antenna, detected);
@@ -98,12 +105,15 @@ Outcome measureReceiver(FrontEnd &frontEnd, RadioRxAntenna antenna, int32_t &pow
 
 Outcome measureReceivers(FrontEnd &frontEnd, int32_t &power)
 {
+    if (const Outcome outcome = requireSelected(frontEnd); isRefused(outcome))
+        return outcome;
+    average(frontEnd);
     Detected detected;
-    const Outcome outcome = forSelectedPaths(frontEnd, [&](int path) {
+    const Paths paths = selectedPaths(frontEnd);
+    for (int path = paths.first; path < paths.end; ++path)
         if (isOn(frontEnd, path))
             detect(frontEnd, path, detected);
-    });
-    return isRefused(outcome) ? outcome : show(frontEnd, detected, power);
+    return show(frontEnd, detected, power);
 }
 
 Outcome measureTransmitter(const FrontEnd &frontEnd, int path, int32_t &power)

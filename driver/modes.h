@@ -20,6 +20,7 @@ struct Mode {
     Role role;
     uint32_t bandwidth;  // that noise and signals are measured in: the occupied one, in Hz
     uint32_t sampleRate; // of one antenna on the data interface, in samples per second
+    int32_t averaging;   // that a power measurement takes, in nanoseconds
 };
 
 // The row of that mode, which must be a member of its enumeration.
