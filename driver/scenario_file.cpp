@@ -27,17 +27,26 @@ struct Loaded {
 
 Loaded loaded; // no scenario: nothing has been loaded
 
+// How many bytes the control character has that text begins with: one of ASCII, or U+0080 to U+009F
+// in UTF-8. 0: it begins with none.
+std::size_t controlLength(std::string_view text)
+{
+    const auto byte = static_cast<unsigned char>(text[0]);
+    if (byte < 0x20 || byte == 0x7f)
+        return 1;
+    return byte == 0xc2 && text.size() > 1 && (text[1] & 0xe0) == 0x80 ? 2 : 0;
+}
+
 // Prints text, but nothing in it that a terminal would obey.
 void put(std::string_view text)
 {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const bool startsControl = // U+0080 to U+009F in UTF-8
-            byte == 0xc2 && i + 1 < text.size() && (text[i + 1] & 0xe0) == 0x80;
-        if (byte < 0x20 || byte == 0x7f || startsControl)
-            std::fprintf(stderr, "\\x%02x", byte);
-        else
-            std::fputc(byte, stderr);
+    while (!text.empty()) {
+        const std::size_t length = controlLength(text);
+        if (length == 0)
+            std::fputc(text[0], stderr);
+        for (const char character : text.substr(0, length))
+            std::fprintf(stderr, "\\x%02x", static_cast<unsigned char>(character));
+        text.remove_prefix(length == 0 ? 1 : length);
     }
 }
 
