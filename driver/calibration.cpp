@@ -192,7 +192,7 @@ Outcome loadCalibration(Board &board, const char *path)
     return done();
 }
 
-Outcome findInteger(Calibration &calibration, const char *name, int32_t *value)
+Outcome findInteger(const Calibration &calibration, const char *name, int32_t *value)
 {
     if (!name || !value)
         return nullPointer;
@@ -203,7 +203,7 @@ Outcome findInteger(Calibration &calibration, const char *name, int32_t *value)
     return done();
 }
 
-Outcome findString(Calibration &calibration, const char *name, const char **value)
+Outcome findString(const Calibration &calibration, const char *name, const char **value)
 {
     if (!name || !value)
         return nullPointer;

@@ -28,8 +28,8 @@ struct Calibration {
 Outcome loadCalibration(Board &board, const char *path);
 
 // RADIO_EINVAL: a null pointer, or no such name.
-Outcome findInteger(Calibration &calibration, const char *name, int32_t *value);
-Outcome findString(Calibration &calibration, const char *name, const char **value);
+Outcome findInteger(const Calibration &calibration, const char *name, int32_t *value);
+Outcome findString(const Calibration &calibration, const char *name, const char **value);
 
 } // namespace sorel
 

@@ -43,10 +43,47 @@ Outcome readPlatformName(const FrontEnd &frontEnd, const char *&name)
     return done();
 }
 
+Outcome selectMember(RadioPlatformSelectIndex platform, const Fault *fault)
+{
+    if (const Outcome outcome = checkMembers(platform); isRefused(outcome))
+        return outcome;
+    if (fault)
+        return injected(*fault);
+    selectPlatform(platformOf(platform));
+    return done();
+}
+
+Outcome openAnother(RadioContext *&context)
+{
+    try {
+        return openContext(context);
+    } catch (...) {
+        return refused(RADIO_EERROR, "out of memory");
+    }
+}
+
+Outcome readSelectedName(const char *&name)
+{
+    name = selectedPlatform(presentScenario()).name;
+    return done();
+}
+
+Outcome readVersion(const char *&version)
+{
+    version = SOREL_SIMULATION_VERSION;
+    return done();
+}
+
 // Writable, list and names: a caller may take the list for a place to store a pointer in. Nothing
 // here reads it back.
 char driverName[] = "simulation";
 char *driverNames[] = {driverName, nullptr};
+
+Outcome readDriverNames(char **&names)
+{
+    names = driverNames;
+    return done();
+}
 
 } // namespace
 
@@ -54,21 +91,19 @@ extern "C" {
 
 RadioReturn radioSelectPlatform(RadioPlatformSelectIndex platform)
 {
-    if (!isMember(platform))
-        return RADIO_EINVAL;
-    if (const Fault *const fault = befall(__func__))
-        return fault->status;
-    selectPlatform(platformOf(platform));
-    return RADIO_ESUCCESS;
+    const auto select = [&](RadioReturn &status) {
+        const Outcome outcome = selectMember(platform, befall("radioSelectPlatform"));
+        status = outcome.status;
+        return outcome;
+    };
+    return answer<RadioReturn>(nullptr, __func__, RADIO_DEBUG_INFO, select, platform);
 }
 
 RadioContext *radioOpen(void)
 {
-    try {
-        return openContext();
-    } catch (...) { // out of memory
-        return nullptr;
-    }
+    if (Trace *const trace = currentTrace())
+        trace->setTime(0);
+    return answer<RadioContext *>(nullptr, __func__, RADIO_DEBUG_INFO, openAnother);
 }
 
 RadioReturn radioClose(RadioContext *context)
@@ -131,18 +166,18 @@ int32_t radioGetPlatformChipCount(RadioContext *context)
 const char *radioGetPlatformName(RadioContext *context)
 {
     if (!context)
-        return befall(__func__) ? nullptr : selectedPlatform(presentScenario()).name;
+        return withoutContext<const char *>(__func__, readSelectedName, context);
     return reading<const char *>(context, __func__, readPlatformName);
 }
 
-const char *radioVersion(RadioContext *)
+const char *radioVersion(RadioContext *context)
 {
-    return befall(__func__) ? nullptr : SOREL_SIMULATION_VERSION;
+    return withoutContext<const char *>(__func__, readVersion, context);
 }
 
-char **radioGetDriverNames(RadioContext *)
+char **radioGetDriverNames(RadioContext *context)
 {
-    return befall(__func__) ? nullptr : driverNames;
+    return withoutContext<char **>(__func__, readDriverNames, context);
 }
 
 } // extern "C"

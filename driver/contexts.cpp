@@ -8,8 +8,6 @@
 #include "scenario_file.h"
 #include "simulated_time.h"
 
-#include <new>
-
 // A slot of the ring. A pointer to one is what the caller holds.
 struct RadioContext {
     sorel::Board *board; // null while the context is not open
@@ -29,23 +27,25 @@ const Platform *selected = &platformOf(RADIO_PLATFORM_DEFAULT);
 
 } // namespace
 
-RadioContext *openContext()
+Outcome openContext(RadioContext *&context)
 {
     const auto scenario = loadScenario(*selected);
-    if (befall("radioOpen") || !scenario || openCount == openLimit)
-        return nullptr;
+    if (const Fault *const fault = befall("radioOpen"))
+        return injected(*fault);
+    if (!scenario)
+        return refused(RADIO_EERROR, "the scenario is refused");
+    if (openCount == openLimit)
+        return refused(RADIO_EERROR, "as many contexts as can be are open");
     const Platform &platform = scenario->platform ? *scenario->platform : *selected;
-    Board *const board =
-        new (std::nothrow) Board{scenario, switchedOnInScenario(platform, *scenario), {}, {}};
-    if (!board)
-        return nullptr;
+    Board *const board = new Board{scenario, switchedOnInScenario(platform, *scenario), {}, {}};
     startTime(board->frontEnd);
     do
         lastOpened = (lastOpened + 1) % ringSize;
     while (ring[lastOpened].board);
     ring[lastOpened].board = board;
     ++openCount;
-    return &ring[lastOpened];
+    context = &ring[lastOpened];
+    return done();
 }
 
 void closeContext(RadioContext *context)

@@ -17,9 +17,9 @@ constexpr int openLimit = 16;
 constexpr int ringSize = 4096;
 
 // Opens a context on a board that has just been switched on: the one of the scenario, or of the
-// selected platform where that names none. Null when the scenario is refused or lets the opening
-// fail, openLimit contexts are open, or memory is short.
-RadioContext *openContext();
+// selected platform where that names none. RADIO_EERROR when the scenario is refused or openLimit
+// contexts are open. Throws std::bad_alloc.
+Outcome openContext(RadioContext *&context);
 
 // Ends what boardOf() has found.
 void closeContext(RadioContext *context);

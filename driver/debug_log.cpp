@@ -2,7 +2,8 @@
 // Debug messages: one line each, to standard error or the file that was given.
 #include "debug_log.h"
 
-#include "front_end.h"
+#include "simulated_time.h"
+#include "trace/destination.h"
 
 namespace sorel
 {
@@ -10,71 +11,72 @@ namespace sorel
 namespace
 {
 
-constexpr const char *levelNames[] = {"none", "error", "warn", "info", "debug", "trace"};
+constexpr const char *logVariable = "SOREL_SIM_LOG";
+constexpr const char *levelVariable = "SOREL_SIM_LOG_LEVEL";
 
-constexpr const char *statusNames[] = {
-    "RADIO_ESUCCESS", "RADIO_EIO", "RADIO_ENOTSUP", "RADIO_EINVAL", "RADIO_EAGAIN", "RADIO_EERROR",
-};
+constexpr std::string_view levelNames[] = {"none", "error", "warn", "info", "debug", "trace"};
+constexpr int levelCount = RADIO_DEBUG_TRACE + 1;
 
-// A message is one line of limited length whatever a script hands in.
-constexpr int longestText = 200;
+// What the environment says.
+RadioDebug firstLevel = RADIO_DEBUG_NONE;
+FILE *destination = nullptr; // null: standard error
 
-FILE *fileOf(const DebugLog &log)
+// A level by its short name, its number or its member's name.
+bool parseLevel(std::string_view text, RadioDebug &level)
 {
-    return log.file ? log.file : stderr;
-}
-
-void putText(FILE *file, const char *text)
-{
-    std::fputc('"', file);
-    for (int length = 0; text[length] && length < longestText; ++length) {
-        const auto character = static_cast<unsigned char>(text[length]);
-        std::fputc(character < 0x20 || character == 0x7f ? '?' : character, file);
+    for (int value = 0; value < levelCount; ++value) {
+        const char digit = static_cast<char>('0' + value);
+        if (text == levelNames[value] || text == std::string_view(&digit, 1)) {
+            level = static_cast<RadioDebug>(value);
+            return true;
+        }
     }
-    std::fputc('"', file);
+    return valueOf(text, level);
 }
 
-void putArgument(FILE *file, const Argument &argument)
+void openLog(const char *path)
 {
-    switch (argument.kind) {
-    case Argument::Integer:
-        std::fprintf(file, "%lld", static_cast<long long>(argument.integer));
-        break;
-    case Argument::Number:
-        std::fprintf(file, "%g", argument.number);
-        break;
-    case Argument::Text:
-        if (argument.text)
-            putText(file, argument.text);
-        else
-            std::fputs("null", file);
-        break;
-    case Argument::Pointer:
-        std::fputs(argument.integer != 0 ? "pointer" : "null", file);
-        break;
+    const int descriptor = openDestination(logVariable, path);
+    if (descriptor > fileno(stderr))
+        destination = fdopen(descriptor, "a");
+}
+
+// As " 5 is outside 0..4 dB".
+void putRange(Line &line, const Range &range)
+{
+    line.put(' ');
+    line.putInteger(range.value);
+    line.put(" is outside ");
+    line.putInteger(range.low);
+    line.put("..");
+    line.putInteger(range.high);
+    if (*range.unit) {
+        line.put(' ');
+        line.put(range.unit);
     }
 }
 
-void putCall(FILE *file, RadioDebug level, const char *function, const Argument *arguments,
-             int count)
+} // namespace
+
+void startDebugLog()
 {
-    std::fprintf(file, "libsorel: %s: %s(", levelNames[level], function);
-    for (int i = 0; i < count; ++i) {
-        if (i > 0)
-            std::fputs(", ", file);
-        putArgument(file, arguments[i]);
-    }
-    std::fputc(')', file);
+    const char *const path = setting(logVariable);
+    const char *const level = setting(levelVariable);
+    if (path)
+        openLog(path);
+    if (path || level)
+        firstLevel = RADIO_DEBUG_ERROR;
+    if (level && !parseLevel(level, firstLevel))
+        complain(levelVariable,
+                 "'%s' is no level; none, error, warn, info, debug and trace are. Taking error",
+                 level);
 }
 
-void putCause(FILE *file, const Outcome &outcome)
+RadioDebug environmentLevel()
 {
-    std::fprintf(file, ": %s", outcome.cause);
-    if (outcome.line != 0)
-        std::fprintf(file, " (line %u)", outcome.line);
+    return firstLevel;
 }
 
-// The level at which a call is worth a message.
 RadioDebug levelOf(const Outcome &outcome, RadioDebug uneventful)
 {
     if (isRefused(outcome))
@@ -82,43 +84,67 @@ RadioDebug levelOf(const Outcome &outcome, RadioDebug uneventful)
     return outcome.cause ? RADIO_DEBUG_WARN : uneventful;
 }
 
-} // namespace
-
-void logCommand(const DebugLog &log, const FrontEnd &frontEnd, const char *function,
-                const Argument *arguments, int count, const Outcome &outcome)
+Message::Message(const DebugLog &log)
+    : file(log.file      ? log.file
+           : destination ? destination
+                         : stderr)
 {
-    const RadioDebug level = levelOf(outcome, RADIO_DEBUG_INFO);
-    if (log.level < level)
-        return;
-    FILE *const file = fileOf(log);
-    putCall(file, level, function, arguments, count);
-    std::fprintf(file, " = %s", statusNames[outcome.status]);
-    if (outcome.cause)
-        putCause(file, outcome);
-    std::fputc('\n', file);
-    if (log.level >= RADIO_DEBUG_DEBUG && !isRefused(outcome))
-        std::fprintf(file, "libsorel: debug: %s, transmit %lu Hz, receive %lu Hz, at %llu us\n",
-                     frontEnd.platform->name,
-                     static_cast<unsigned long>(frontEnd.setup.txSynthesiser.frequency),
-                     static_cast<unsigned long>(frontEnd.setup.rxSynthesiser.frequency),
-                     static_cast<unsigned long long>(frontEnd.now / 1000));
+}
+
+Message::~Message()
+{
     std::fflush(file);
 }
 
-void logReading(const DebugLog &log, const char *function, const Argument *arguments, int count,
-                const Outcome &outcome, const Argument &value)
+void Message::write(std::string_view bytes)
 {
-    const RadioDebug level = levelOf(outcome, RADIO_DEBUG_TRACE);
-    if (log.level < level)
+    std::fwrite(bytes.data(), 1, bytes.size(), file);
+}
+
+void putLevel(Line &line, RadioDebug level)
+{
+    line.put("libsorel: ");
+    line.put(levelNames[level]);
+    line.put(": ");
+}
+
+void putCause(Line &line, const Outcome &outcome)
+{
+    if (!outcome.cause)
         return;
-    FILE *const file = fileOf(log);
-    putCall(file, level, function, arguments, count);
-    std::fputs(" = ", file);
-    putArgument(file, value);
-    if (outcome.cause)
-        putCause(file, outcome);
-    std::fputc('\n', file);
-    std::fflush(file);
+    line.put(": ");
+    if (outcome.argument != 0) {
+        line.put("argument ");
+        line.putInteger(outcome.argument);
+        line.put(' ');
+    }
+    line.put(outcome.cause);
+    if (!outcome.type.empty()) {
+        line.put(' ');
+        line.put(outcome.type);
+    }
+    if (outcome.range.unit)
+        putRange(line, outcome.range);
+    if (outcome.line != 0) {
+        line.put(" (line ");
+        line.putInteger(outcome.line);
+        line.put(')');
+    }
+}
+
+void logState(const DebugLog &log, const FrontEnd &frontEnd)
+{
+    Message message(log);
+    Line line(message);
+    putLevel(line, RADIO_DEBUG_DEBUG);
+    line.put(frontEnd.platform->name);
+    line.put(", transmit ");
+    line.putInteger(frontEnd.setup.txSynthesiser.frequency);
+    line.put(" Hz, receive ");
+    line.putInteger(frontEnd.setup.rxSynthesiser.frequency);
+    line.put(" Hz, at ");
+    line.putSeconds(simulatedTime(frontEnd));
+    line.put(" s\n");
 }
 
 } // namespace sorel

@@ -4,56 +4,68 @@
 #define SOREL_DRIVER_DEBUG_LOG_H
 
 #include "outcome.h"
+#include "trace/call_text.h"
 
 #include <cstdio>
-#include <type_traits>
 
 namespace sorel
 {
 
 struct FrontEnd;
 
+// Takes what the environment says of the debug messages. Without it there are none.
+void startDebugLog();
+
+// The level that contexts begin with, and that holds for calls without an open one.
+RadioDebug environmentLevel();
+
 struct DebugLog {
-    RadioDebug level = RADIO_DEBUG_NONE;
-    FILE *file = nullptr; // the caller's; null: standard error
+    RadioDebug level = environmentLevel();
+    FILE *file = nullptr; // the caller's; null: what the environment names, else standard error
 };
 
-// One argument of a call, or its result, as the messages show it. Of a pointer they show only
-// whether it is null.
-struct Argument {
-    enum Kind { Integer, Number, Text, Pointer } kind;
-    int64_t integer;
-    double number;
-    const char *text;
+// The level at which a call is worth a message; uneventful where it was done without a warning.
+RadioDebug levelOf(const Outcome &outcome, RadioDebug uneventful);
+
+// One message, or part of one.
+class Message : public Output
+{
+public:
+    explicit Message(const DebugLog &log);
+    Message(const Message &) = delete;
+    Message &operator=(const Message &) = delete;
+    ~Message();
+
+    void write(std::string_view bytes) override;
+
+private:
+    FILE *const file;
 };
 
-inline Argument describe(const char *text)
+// A message is one line of limited length whatever a script hands in.
+constexpr Style messageStyle = {200, 16};
+
+void putLevel(Line &line, RadioDebug level);
+void putCause(Line &line, const Outcome &outcome);
+
+// Says what came of a call.
+template <class Result, class... Arguments>
+void logCall(const DebugLog &log, RadioDebug level, const char *function, const Outcome &outcome,
+             Result result, Arguments... arguments)
 {
-    return {Argument::Text, 0, 0, text};
+    const Style style = styleOf(function, messageStyle);
+    Message message(log);
+    Line line(message);
+    putLevel(line, level);
+    putCall(line, style, function, arguments...);
+    putOutcome(line, style, !isRefused(outcome), arguments...);
+    putValue(line, style, result);
+    putCause(line, outcome);
+    line.put('\n');
 }
 
-inline Argument describe(float number)
-{
-    return {Argument::Number, 0, static_cast<double>(number), nullptr};
-}
-
-template <class Value>
-Argument describe(Value value)
-{
-    if constexpr (std::is_pointer_v<Value>)
-        return {Argument::Pointer, value != nullptr, 0, nullptr};
-    else
-        return {Argument::Integer, static_cast<int64_t>(value), 0, nullptr};
-}
-
-// Says what came of a call that changes the radio's state: why it was refused, what to be warned
-// of, that it was done, and the state after it, as far as the level asks for them.
-void logCommand(const DebugLog &log, const FrontEnd &frontEnd, const char *function,
-                const Argument *arguments, int count, const Outcome &outcome);
-
-// Says why a reading failed, or at RADIO_DEBUG_TRACE what it was.
-void logReading(const DebugLog &log, const char *function, const Argument *arguments, int count,
-                const Outcome &outcome, const Argument &value);
+// Says what a front end is tuned to, and when.
+void logState(const DebugLog &log, const FrontEnd &frontEnd);
 
 } // namespace sorel
 

@@ -183,7 +183,7 @@ Outcome setUpByScript(FrontEnd &frontEnd, const Platform &platform, RadioConf co
     for (const Step &step : script.steps) {
         const Outcome outcome = perform(changed, step);
         if (isRefused(outcome))
-            return refused(outcome.status, outcome.cause, step.line);
+            return inLine(step.line, outcome);
     }
     frontEnd = changed;
     return setup;

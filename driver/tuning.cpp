@@ -32,8 +32,9 @@ Outcome tuneToFrequency(FrontEnd &frontEnd, End end, uint32_t frequency)
     if (const Outcome outcome = requireSetup(frontEnd); isRefused(outcome))
         return outcome;
     const Setup &setup = frontEnd.setup;
-    if (!contains(end == End::Transmit ? setup.txRange : setup.rxRange, frequency))
-        return refused(RADIO_EINVAL, "the frequency is outside the band");
+    const FrequencyRange &range = end == End::Transmit ? setup.txRange : setup.rxRange;
+    if (!contains(range, frequency))
+        return outside("frequency", frequency, range.low, range.high, "Hz");
     tune(frontEnd, end, frequency);
     return done();
 }

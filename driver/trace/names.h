@@ -63,8 +63,8 @@ constexpr std::array<std::string_view, values> table(std::index_sequence<indices
 }
 
 template <class Enumeration>
-constexpr std::array<std::string_view, values> members =
-    table<Enumeration>(std::make_index_sequence<values>());
+constexpr std::array<std::string_view, values>
+    members = table<Enumeration>(std::make_index_sequence<values>());
 
 } // namespace spelling
 
@@ -88,8 +88,8 @@ constexpr std::string_view nameOf(Enumeration value)
     return spelling::members<Enumeration>[static_cast<std::size_t>(number - spelling::lowest)];
 }
 
-// Stores the member of that name, one that nameOf() gives. False, with nothing stored, when there is
-// none.
+// Stores the member of that name, one that nameOf() gives. False, with nothing stored, where there
+// is none.
 template <class Enumeration>
 constexpr bool valueOf(std::string_view name, Enumeration &value)
 {

@@ -76,7 +76,10 @@ TEST_F(DebugLog, at_error_a_refused_call_says_function_arguments_and_cause)
                       "radioInit() has not been called\n");
     radioSetTxState(context, static_cast<RadioState>(-7));
     EXPECT_EQ(said(), "libsorel: error: radioSetTxState(-7) = RADIO_EINVAL: "
-                      "not a member of the enumeration\n");
+                      "argument 1 is not a RadioState\n");
+    radioInit(context, RADIO_CONF_MIMO, RADIO_MODE_COUNT, RADIO_BAND_7);
+    EXPECT_EQ(said(), "libsorel: error: radioInit(RADIO_CONF_MIMO, 18, RADIO_BAND_7) = "
+                      "RADIO_EINVAL: argument 2 is not a RadioMode\n");
     radioLoadCalibrationFile(context, nullptr);
     EXPECT_EQ(said(), "libsorel: error: radioLoadCalibrationFile(null) = RADIO_EINVAL: "
                       "a null pointer\n");
@@ -117,7 +120,8 @@ TEST_F(DebugLog, at_warn_what_leaves_something_unusable_is_said)
     ASSERT_EQ(radioReset(context), RADIO_ESUCCESS);
     ASSERT_EQ(radioSelect(context, RADIO_SELECT_1), RADIO_ESUCCESS);
     init(RADIO_CONF_SISO);
-    EXPECT_EQ(said(), "libsorel: warn: radioInit(0, 7, 7) = RADIO_ESUCCESS: "
+    EXPECT_EQ(said(), "libsorel: warn: radioInit(RADIO_CONF_SISO, RADIO_MODE_4GENODEB_FDD_20MHZ, "
+                      "RADIO_BAND_7) = RADIO_ESUCCESS: "
                       "the selected path does not exist in this antenna configuration\n");
 }
 
@@ -125,8 +129,14 @@ TEST_F(DebugLog, at_info_what_changes_the_state_is_said)
 {
     level(RADIO_DEBUG_INFO);
     init();
-    EXPECT_EQ(said(), "libsorel: info: radioInit(1, 7, 7) = RADIO_ESUCCESS\n");
+    EXPECT_EQ(said(), "libsorel: info: radioInit(RADIO_CONF_MIMO, "
+                      "RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7) = RADIO_ESUCCESS\n");
     radioGetRxRtwp(context);
+    const std::string calibration = file("[integers]\nserial = 4711\n");
+    ASSERT_EQ(radioLoadCalibrationFile(context, calibration.c_str()), RADIO_ESUCCESS);
+    said();
+    int32_t serial = 0;
+    ASSERT_EQ(radioGetIntegerFromCalibration(context, "serial", &serial), RADIO_ESUCCESS);
     EXPECT_EQ(said(), "");
 }
 
@@ -136,7 +146,7 @@ TEST_F(DebugLog, at_debug_the_tuned_frequencies_are_said)
     level(RADIO_DEBUG_DEBUG);
     ASSERT_EQ(radioSetTxChannel(context, 2850), RADIO_ESUCCESS);
     EXPECT_NE(said().find("\nlibsorel: debug: simulated board, transmit 2630000000 Hz, "
-                          "receive 2535000000 Hz"),
+                          "receive 2535000000 Hz, at 0.000400 s\n"),
               std::string::npos);
 }
 
@@ -146,7 +156,18 @@ TEST_F(DebugLog, at_trace_readings_are_said)
     ASSERT_EQ(radioSpiWrite(context, SCRATCH, 17), RADIO_ESUCCESS);
     said();
     radioSpiRead(context, SCRATCH);
-    EXPECT_EQ(said(), "libsorel: trace: radioSpiRead(16) = 17\n");
+    EXPECT_EQ(said(), "libsorel: trace: radioSpiRead(0x10) = 0x11\n");
+    const std::string calibration = file("[integers]\nserial = 4711\n");
+    ASSERT_EQ(radioLoadCalibrationFile(context, calibration.c_str()), RADIO_ESUCCESS);
+    said();
+    int32_t serial = 0;
+    ASSERT_EQ(radioGetIntegerFromCalibration(context, "serial", &serial), RADIO_ESUCCESS);
+    EXPECT_EQ(said(), "libsorel: trace: radioGetIntegerFromCalibration(\"serial\", 4711) = "
+                      "RADIO_ESUCCESS\n");
+    radioVersion(context);
+    EXPECT_NE(said().find("libsorel: trace: radioVersion() = \""), std::string::npos);
+    radioGetDriverNames(context);
+    EXPECT_EQ(said(), "libsorel: trace: radioGetDriverNames() = a list\n");
     radioGetPlatformName(context);
     EXPECT_EQ(said(), "libsorel: trace: radioGetPlatformName() = \"simulated board\"\n");
 }
@@ -158,7 +179,21 @@ TEST_F(DebugLog, a_message_is_one_line_of_limited_length)
     const std::string text = said();
     EXPECT_LT(text.size(), 400u);
     EXPECT_EQ(text.find('\n'), text.size() - 1);
-    EXPECT_NE(text.find("\"a?b?ccc"), std::string::npos);
+    EXPECT_NE(text.find("(\"a\\nb\\x1bccc"), std::string::npos);
+    EXPECT_NE(text.find("ccc\"...) = RADIO_EINVAL"), std::string::npos);
+    const std::vector<uint32_t> words(256, UINT32_MAX);
+    radioSetTxPowerRegisters(context, words.data(), 256);
+    EXPECT_EQ(said(), "libsorel: error: radioSetTxPowerRegisters([256 words], 256) = "
+                      "RADIO_EERROR: radioInit() has not been called\n");
+}
+
+TEST_F(DebugLog, a_value_out_of_range_is_said_with_the_range)
+{
+    init();
+    level(RADIO_DEBUG_ERROR);
+    radioSetTxFrequency(context, 2400000000);
+    EXPECT_EQ(said(), "libsorel: error: radioSetTxFrequency(2400000000) = RADIO_EINVAL: "
+                      "frequency 2400000000 is outside 2620000000..2690000000 Hz\n");
 }
 
 TEST_F(DebugLog, without_a_file_messages_go_to_standard_error_only)
