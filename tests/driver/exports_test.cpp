@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
-// What the built library exports, and its SONAME.
+// What the built libraries export, and their SONAME.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -23,7 +23,11 @@ std::string outputOf(const std::string &command)
     return output;
 }
 
-TEST(Exports, the_library_exports_the_46_functions_and_nothing_else)
+class Exports : public testing::TestWithParam<const char *>
+{
+};
+
+TEST_P(Exports, the_library_exports_the_46_functions_and_nothing_else)
 {
     const std::set<std::string> expected = {
         "radioSelectPlatform",
@@ -76,21 +80,25 @@ TEST(Exports, the_library_exports_the_46_functions_and_nothing_else)
     ASSERT_EQ(expected.size(), 46u);
     std::set<std::string> exported;
     std::istringstream lines(
-        outputOf("nm -D --defined-only --format=posix '" SOREL_LIBRARY_FILE "'"));
+        outputOf("nm -D --defined-only --format=posix '" + std::string(GetParam()) + "'"));
     for (std::string line; std::getline(lines, line);)
         exported.insert(line.substr(0, line.find(' ')));
     EXPECT_EQ(exported, expected);
 }
 
-TEST(Exports, the_library_has_the_name_that_programs_ask_for)
+TEST_P(Exports, the_library_has_the_name_that_programs_ask_for)
 {
-    const std::string output = outputOf("objdump -p '" SOREL_LIBRARY_FILE "'");
+    const std::string output = outputOf("objdump -p '" + std::string(GetParam()) + "'");
     const std::size_t place = output.find("SONAME");
     ASSERT_NE(place, std::string::npos);
     std::istringstream words(output.substr(place));
     std::string tag, name;
     words >> tag >> name;
     EXPECT_EQ(name, "libsorel.so.1");
+    EXPECT_EQ(output.find("libstdc++"), std::string::npos);
 }
+
+INSTANTIATE_TEST_SUITE_P(of_the_board_and_of_the_library_in_front, Exports,
+                         testing::Values(SOREL_LIBRARY_FILE, SOREL_FORWARDING_FILE));
 
 } // namespace
