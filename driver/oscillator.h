@@ -11,8 +11,9 @@ namespace sorel
 // RADIO_EINVAL beyond the DAC's width on the front end's platform.
 inline Outcome setOscillatorDac(FrontEnd &frontEnd, uint16_t value)
 {
-    if (uint32_t{value} >> frontEnd.platform->dacWidth != 0)
-        return refused(RADIO_EINVAL, "the value is wider than the DAC");
+    const int highest = (1 << frontEnd.platform->dacWidth) - 1;
+    if (value > highest)
+        return outside("value", value, 0, highest, "steps");
     frontEnd.oscillatorDac = value;
     return done();
 }

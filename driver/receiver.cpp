@@ -38,8 +38,9 @@ void applyState(FrontEnd &frontEnd, int path, RadioState state)
 
 Outcome checkGain(const FrontEnd &frontEnd, int16_t gain)
 {
-    if (gain < frontEnd.platform->lowestGain || gain > frontEnd.platform->highestGain)
-        return refused(RADIO_EINVAL, "the gain is outside the platform's range");
+    const Platform &platform = *frontEnd.platform;
+    if (gain < platform.lowestGain || gain > platform.highestGain)
+        return outside("gain", gain, platform.lowestGain, platform.highestGain, "dB");
     if (const Outcome outcome = requireSetup(frontEnd); isRefused(outcome))
         return outcome;
     if (stepNotAbove(frontEnd, gain) < 0)

@@ -22,7 +22,7 @@ inline Outcome checkTable(const uint32_t *words, uint32_t count, int32_t low, in
     for (uint32_t i = 0; i < count; ++i) {
         const auto value = static_cast<int32_t>(words[i]);
         if (value < low || value > high)
-            return refused(RADIO_EINVAL, "a word is outside the platform's range");
+            return outside("word", value, low, high, "x 0.1 dB");
         if (value < previous)
             return refused(RADIO_EINVAL, "a word is lower than the one before it");
         previous = value;

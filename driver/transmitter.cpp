@@ -14,8 +14,9 @@ namespace
 
 Outcome checkPower(const FrontEnd &frontEnd, int16_t power)
 {
-    if (power < frontEnd.platform->lowestPower || power > frontEnd.platform->highestPower)
-        return refused(RADIO_EINVAL, "the power is outside the platform's range");
+    const Platform &platform = *frontEnd.platform;
+    if (power < platform.lowestPower || power > platform.highestPower)
+        return outside("power", power, platform.lowestPower, platform.highestPower, "x 0.1 dBm");
     if (const Outcome outcome = requireSetup(frontEnd); isRefused(outcome))
         return outcome;
     if (!allowsPower(frontEnd, power))
@@ -29,9 +30,11 @@ int offsetRange(const Platform &platform)
     return 1 << (platform.txConverterWidth - 1);
 }
 
-bool isOffset(const Platform &platform, int16_t offset)
+Outcome checkOffset(const Platform &platform, const char *name, int16_t offset)
 {
-    return offset >= -offsetRange(platform) && offset < offsetRange(platform);
+    const int range = offsetRange(platform);
+    return offset >= -range && offset < range ? done()
+                                              : outside(name, offset, -range, range - 1, "steps");
 }
 
 // What keeps a transmitter from being switched on, before and after whether there is such a path.
@@ -120,8 +123,12 @@ Outcome setTransmitterOffset(FrontEnd &frontEnd, RadioTxAntenna antenna, int16_t
                              int16_t quadrature)
 {
     const Platform &platform = *frontEnd.platform;
-    if (!isOffset(platform, inPhase) || !isOffset(platform, quadrature))
-        return refused(RADIO_EINVAL, "the offset is beyond the transmit converter's range");
+    if (const Outcome outcome = checkOffset(platform, "in-phase offset", inPhase);
+        isRefused(outcome))
+        return outcome;
+    if (const Outcome outcome = checkOffset(platform, "quadrature offset", quadrature);
+        isRefused(outcome))
+        return outcome;
     if (const Outcome outcome = requirePath(frontEnd, antenna); isRefused(outcome))
         return outcome;
     frontEnd.setup.transmitters[antenna].inPhaseOffset = inPhase;
