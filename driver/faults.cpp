@@ -111,7 +111,8 @@ const Fault *countCall(const char *function, FrontEnd *frontEnd)
 
 void holdStuckRegisters(FrontEnd &frontEnd)
 {
-    frontEnd.conditions = {}; // the state behind a stuck register is what is put back
+    frontEnd.conditions = conditions;
+    frontEnd.conditions.stuckCount = 0; // what is put back is the state behind the registers
     for (int i = 0; i < conditions.stuckCount; ++i) {
         const StuckRegister &stuck = conditions.stuck[i];
         uint32_t value = stuck.value;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
-// Reading a calibration file or an initialisation script as a whole.
+// Reading a file as a whole: calibration data, an initialisation script, a scenario.
 #ifndef SOREL_DRIVER_FILES_H
 #define SOREL_DRIVER_FILES_H
 

@@ -145,6 +145,12 @@ void choice(const Item &item, TargetOf<member> &target)
 }
 
 template <class Target, std::size_t count>
+bool isKnown(std::string_view name, const Key<Target> (&keys)[count])
+{
+    return std::any_of(keys, keys + count, [&](const auto &key) { return name == key.name; });
+}
+
+template <class Target, std::size_t count>
 void noteUnknown(Reading &reading, const toml::key &key, const char *where,
                  const Key<Target> (&keys)[count])
 {
@@ -160,8 +166,7 @@ void readKeys(Reading &reading, const toml::table &table, const char *where,
               const Key<Target> (&keys)[count], Target &target)
 {
     for (const auto &[key, value] : table)
-        if (std::none_of(keys, keys + count,
-                         [&](const Key<Target> &known) { return key.str() == known.name; }))
+        if (!isKnown(key.str(), keys))
             noteUnknown(reading, key, where, keys);
     for (const Key<Target> &key : keys)
         if (const toml::node *const value = table.get(key.name))
