@@ -7,6 +7,9 @@ Each starts the real executable anew. Where nothing else is said it stands on th
 Environment:
     SORELAPP              the executable; may be a command line (an emulator, its options, the path)
     SOREL_SIMULATION_DIR  folder of the simulated board's libsorel.so.1
+    SOREL_FORWARDING_DIR  folder of the libsorel.so.1 that traces calls in front of another driver
+    SOREL_TRACED          set: every run is traced, which must change nothing else: the simulated
+                          board's calls by itself, the recording driver's by the library in front
     RECORDING_DRIVER_DIR  folder of the recording driver's libsorel.so.1
     PRELOAD_DIR           folder of the libraries made from preload/
     SORELAPP_SOURCE_DIR   root of the source tree
@@ -26,10 +29,13 @@ import pexpect
 COMMAND = shlex.split(os.environ["SORELAPP"])
 EXECUTABLE = Path(COMMAND[-1])
 SIMULATION = Path(os.environ["SOREL_SIMULATION_DIR"])
+FORWARDING = Path(os.environ["SOREL_FORWARDING_DIR"])
 RECORDING = Path(os.environ["RECORDING_DRIVER_DIR"])
 PRELOAD = Path(os.environ["PRELOAD_DIR"])
 SOURCE = Path(os.environ["SORELAPP_SOURCE_DIR"])
 VERSION = (SOURCE / "VERSION").read_text().strip()
+
+TRACED = "SOREL_TRACED" in os.environ
 
 PROMPT = "sorelapp> "
 SECONDS = 60  # longer than any test takes, emulated or not
@@ -55,19 +61,47 @@ class Ran:
         return self.log[1:-1]
 
 
+def lines_of(file):
+    """The lines of a file that need not exist."""
+    return file.read_text(encoding="latin-1").splitlines() if file.exists() else []
+
+
+def functions(calls):
+    """The functions that lines of a trace without times, or of the recording driver's log, name."""
+    return [line.partition("(")[0] for line in calls]
+
+
 def assert_aborted(ran, assertion):
     """The run ended by that assertion's report. An emulator may add lines of its own."""
     assert ran.status == -SIGABRT, ran
     assert assertion in ran.err.splitlines()
 
 
+def in_front_of(driver):
+    """The variables that put the tracing library in front of a driver, given by its folder."""
+    return {
+        "LD_LIBRARY_PATH": str(FORWARDING),
+        "SOREL_TRACE_DRIVER": str(Path(driver, "libsorel.so.1")),
+    }
+
+
+def loading(driver):
+    """The variables that load a driver, given by its folder."""
+    if TRACED and driver == RECORDING:
+        return in_front_of(driver)
+    return {"LD_LIBRARY_PATH": str(driver)}
+
+
 def environment(driver, more):
     """The environment of a run; driver is the folder of a libsorel.so.1, None the linked one."""
-    result = {k: v for k, v in os.environ.items() if k not in ("LUA_PATH", "LUA_CPATH", "LUA_INIT")}
+    unwanted = ("LUA_PATH", "LUA_CPATH", "LUA_INIT", "LD_LIBRARY_PATH", "SOREL_SIM_TRACE",
+                "SOREL_SIM_LOG", "SOREL_SIM_LOG_LEVEL", "SOREL_TRACE_DRIVER")
+    result = {name: value for name, value in os.environ.items() if name not in unwanted}
     result["LC_ALL"] = "C"
-    result.pop("LD_LIBRARY_PATH", None)
+    if TRACED:
+        result["SOREL_SIM_TRACE"] = os.devnull
     if driver is not None:
-        result["LD_LIBRARY_PATH"] = str(driver)
+        result |= loading(driver)
     return result | more
 
 
@@ -76,7 +110,8 @@ def preloading(library):
     on the library path, since blanks, which that folder may have, end a name in LD_PRELOAD. An
     emulator is told of it in a variable of its own, since it is no program of the kind that could
     load the library."""
-    path = {"LD_LIBRARY_PATH": f"{RECORDING}:{PRELOAD}"}
+    driver = loading(RECORDING)
+    path = driver | {"LD_LIBRARY_PATH": f"{driver['LD_LIBRARY_PATH']}:{PRELOAD}"}
     if Path(COMMAND[0]).name.startswith("qemu"):
         return path | {"QEMU_SET_ENV": f"LD_PRELOAD={library}"}
     return path | {"LD_PRELOAD": library}
@@ -88,9 +123,12 @@ def run(*arguments, stdin="", answers="", driver=RECORDING, **more):
     with tempfile.TemporaryDirectory() as folder:
         log = Path(folder, "log")
         told = Path(folder, "answers")
+        trace = Path(folder, "trace")
         log.touch()
         told.write_text(answers + "\n", encoding="latin-1")
         variables = {"RECORDING_DRIVER_LOG": str(log), "RECORDING_DRIVER_ANSWERS": str(told)}
+        if TRACED:
+            variables["SOREL_SIM_TRACE"] = str(trace)
         done = subprocess.run(
             COMMAND + list(arguments),
             input=stdin.encode("latin-1"),
@@ -99,12 +137,15 @@ def run(*arguments, stdin="", answers="", driver=RECORDING, **more):
             timeout=SECONDS,
             check=False,
         )
-        return Ran(
+        ran = Ran(
             out=done.stdout.decode("latin-1"),
             err=done.stderr.decode("latin-1"),
             status=done.returncode,
             log=log.read_text(encoding="latin-1").splitlines(),
         )
+        if TRACED and driver == RECORDING:
+            assert functions(lines_of(trace)) == functions(ran.log)
+        return ran
 
 
 def pipe(*lines, arguments=(), **more):
