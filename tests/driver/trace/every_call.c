@@ -4,6 +4,9 @@
 
 #include <stdlib.h>
 
+/* Contexts that the simulated board can have open. */
+enum { OPEN_LIMIT = 16 };
+
 static uint32_t words[300] = {1, 4294967295u};
 
 static void callEach(RadioContext *c, const char *calibration, const char *script)
@@ -88,5 +91,8 @@ int main(int count, char **arguments)
     RadioContext *const first = radioOpen();
     callEach(first, arguments[1], arguments[2]);
     callWithOtherContexts(first, radioOpen());
+    for (int i = 0; i <= OPEN_LIMIT; ++i) {
+        radioOpen();
+    }
     return EXIT_SUCCESS;
 }

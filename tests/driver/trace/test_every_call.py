@@ -76,6 +76,8 @@ CALLS = [
     "radioGetTemperature() = nan on no open context",
     "radioReset() = RADIO_ESUCCESS on context 1",
     "radioClose() = RADIO_ESUCCESS on context 1",
+    *[f"radioOpen() = context {number}" for number in range(3, 19)],
+    "radioOpen() = null",
 ]
 
 
@@ -115,6 +117,22 @@ def test_the_board_writes_each_call_down_with_its_time(files, tmp_path):
 def test_the_library_in_front_writes_each_call_down_once_and_lists_longer_arrays(files, tmp_path):
     lines = traced(files, tmp_path / "trace", driver=None, **in_front_of(SIMULATION))
     assert_calls(lines, files, words="[1, 4294967295, " + ", ".join(298 * ["0"]) + "]")
+
+
+def test_calls_without_an_open_context_are_logged_at_the_level_of_the_environment(files, tmp_path):
+    log = tmp_path / "log"
+    traced(files, tmp_path / "trace", driver=SIMULATION, SOREL_SIM_LOG=str(log))
+    of_none = [line for line in log.read_text().splitlines() if "the context is" in line]
+    assert of_none == [
+        "libsorel: error: radioReset() = RADIO_EINVAL: the context is null",
+        "libsorel: error: radioReset() = RADIO_EINVAL: the context is not open",
+        "libsorel: error: radioSetRxState(7) = RADIO_EINVAL: the context is null",
+        "libsorel: error: radioReset() = RADIO_EINVAL: the context is not open",
+        "libsorel: error: radioGetTemperature() = nan: the context is not open",
+    ]
+    assert log.read_text().endswith(
+        "libsorel: error: radioOpen() = null: as many contexts as can be are open\n"
+    )
 
 
 def test_every_function_is_among_the_calls():
