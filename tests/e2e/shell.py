@@ -173,11 +173,12 @@ def raised(text, **more):
     )
 
 
-def prompt(*arguments, driver=RECORDING, **more):
+def prompt(*arguments, driver=RECORDING, cwd=None, **more):
     """Starts the executable on a terminal and waits for its prompt. It echoes nothing."""
     terminal = pexpect.spawn(
         "/usr/bin/env",  # pexpect would split a lone command at its blanks
         COMMAND + list(arguments),
+        cwd=cwd,
         env=environment(driver, {"TERM": "dumb"} | more),
         encoding="latin-1",
         echo=False,

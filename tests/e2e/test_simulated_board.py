@@ -2,6 +2,7 @@
 """Bringing up the simulated board, and what the shell relies on it for."""
 
 import os
+import subprocess
 
 import pytest
 from catalogue import NO_CONTEXT, status_message
@@ -49,25 +50,51 @@ def test_a_session_at_the_prompt():
     assert terminal.exitstatus == 0
 
 
-def documented_session():
-    """The first session of the README, as (line typed, lines printed)."""
-    text = (SOURCE / "README.md").read_text()
-    session = text.partition("    $ ./dev run\n")[2].partition("\n\n")[0]
-    lines = [line.removeprefix("    ") for line in session.splitlines()]
-    steps = []
-    for line in lines:
-        if line.startswith(PROMPT):
-            steps.append((line.removeprefix(PROMPT), []))
+def documented_sessions():
+    """The sessions of the README: of each, what follows a "$ " or a prompt, with the lines that it
+    prints."""
+    blocks = (SOURCE / "README.md").read_text().split("\n\n")
+    for block in blocks:
+        if not block.startswith("    $ "):
+            continue
+        steps = []
+        for line in block.splitlines():
+            line = line.removeprefix("    ")
+            if line.startswith(("$ ", PROMPT)):
+                steps.append((line, []))
+            else:
+                steps[-1][1].append(line)
+        yield steps
+
+
+def replay(steps, folder):
+    """Runs a session's lines, and asserts that each prints what is documented."""
+    variables, terminal = {}, None
+    for line, printed in steps:
+        if line == PROMPT + "exit":
+            terminal.sendline("exit")
+            terminal.wait()
+        elif line.startswith(PROMPT):
+            assert type_line(terminal, line.removeprefix(PROMPT)) == printed, line
+        elif line.startswith("$ export "):
+            variables |= [line.removeprefix("$ export ").split("=")]
+        elif line.endswith("./dev run"):
+            more = dict(word.split("=") for word in line.split()[1:-2])
+            terminal = prompt(driver=SIMULATION, cwd=folder, **variables | more)
         else:
-            steps[-1][1].append(line)
-    assert steps[-1] == ("exit", [])
-    return steps[:-1]
+            command = line.removeprefix("$ ")
+            done = subprocess.run(command, shell=True, cwd=folder, capture_output=True, check=True)
+            assert done.stdout.decode().splitlines() == printed, line
 
 
-def test_the_session_of_the_readme_prints_what_the_readme_says():
-    terminal = prompt(driver=SIMULATION)
-    for line, printed in documented_session():
-        assert type_line(terminal, line) == printed, line
+@pytest.mark.parametrize("number", range(3))
+def test_the_sessions_of_the_readme_print_what_the_readme_says(number, tmp_path):
+    (tmp_path / "driver").symlink_to(SOURCE / "driver")
+    replay(list(documented_sessions())[number], tmp_path)
+
+
+def test_the_readme_has_no_other_session():
+    assert len(list(documented_sessions())) == 3
 
 
 def test_the_same_session_as_a_batch_file(tmp_path):
