@@ -468,6 +468,41 @@ TEST_F(Faults, a_board_opened_before_is_free_when_the_faults_end)
     EXPECT_EQ(radioClose(first), RADIO_ESUCCESS);
 }
 
+// ---- Synthesisers and temperature ----
+
+TEST_F(Faults, a_board_as_hot_as_the_fault_says_switches_no_transmitter_on)
+{
+    openIn("[[faults]]\ntemperature = 130.5\n");
+    init();
+    EXPECT_EQ(radioGetTemperature(context), 130.5f);
+    EXPECT_EQ(radioSetTxState(context, RADIO_STATE_ENABLE), RADIO_EERROR);
+}
+
+TEST_F(Faults, heat_ends_with_its_fault)
+{
+    openIn(fault("radioGetTemperature", "first = 2\ncalls = 1\ntemperature = 130"));
+    const float before = radioGetTemperature(context);
+    EXPECT_LT(before, 50.0f);
+    EXPECT_EQ(radioGetTemperature(context), 130.0f);
+    EXPECT_LT(radioGetTemperature(context), 50.0f);
+}
+
+TEST_F(Faults, a_transmitter_whose_synthesiser_never_locks_cannot_be_switched_on)
+{
+    openIn(fault("radioSetTxFrequency", "first = 2\ncalls = 1\nsynthesiser = \"transmit\""));
+    init();
+    const auto tuneAndSwitchOn = [&] {
+        EXPECT_EQ(radioSetTxFrequency(context, 2640000000), RADIO_ESUCCESS);
+        for (int i = 0; i < 100; ++i) // ample time to lock
+            at(SCRATCH);
+        return radioSetTxState(context, RADIO_STATE_ENABLE);
+    };
+    EXPECT_EQ(tuneAndSwitchOn(), RADIO_ESUCCESS);
+    EXPECT_EQ(radioSetTxState(context, RADIO_STATE_DISABLE), RADIO_ESUCCESS);
+    EXPECT_EQ(tuneAndSwitchOn(), RADIO_EAGAIN);
+    EXPECT_EQ(tuneAndSwitchOn(), RADIO_ESUCCESS);
+}
+
 } // namespace
 
 } // namespace sorel_tests

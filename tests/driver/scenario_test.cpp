@@ -187,7 +187,7 @@ TEST_F(Scenarios, each_mistake_is_refused_and_says_what_would_be_right)
         {"[registers]\n0x010 = 4294967296",
          "2:9: \"0x010\" is 4294967296, not -2147483648..4294967295"},
         {"[registers]\n0x003 = 1", "2:1: \"0x003\": the register is read-only"},
-        {"[registers]\n0x999 = 1", "2:1: \"0x999\": there is no register at that address"},
+        {"[registers]\n0x999 = 1", "2:1: \"0x999\": the platform has no register at that address"},
         {"[registers]\n0x022 = 3", "2:1: \"0x022\": the register cannot hold that value"},
         {"[registers]\n0x010 = 1\n16 = 1", "3:1: \"16\" is given a value twice"},
         {"faults = 1", "1:10: faults is an integer, not a list of tables"},
@@ -229,7 +229,8 @@ TEST_F(Scenarios, each_mistake_is_refused_and_says_what_would_be_right)
          "-2147483648..2147483647"},
         {fault("stuck = \"0x010\""), "2:9: stuck is a text, not an integer"},
         {fault("stuck = -1"), "2:9: stuck is -1, not 0..4294967295"},
-        {fault("stuck = 0x999"), "2:9: stuck cannot be: there is no register at that address"},
+        {fault("stuck = 0x999"),
+         "2:9: stuck cannot be: the platform has no register at that address"},
         {fault("stuck = 0x010\nvalue = 0.5"), "3:9: value is a float, not an integer"},
         {fault("stuck = 0x010\nvalue = 4294967296"),
          "3:9: value is 4294967296, not -2147483648..4294967295"},
@@ -285,7 +286,7 @@ TEST_F(Scenarios, every_mistake_is_reported_in_the_order_of_the_file)
               "7:10: power is 31 dBm, not -200..30\n"
               "8:1: frequency is missing in [[signals]]\n"
               "10:7: end is not later than start\n"
-              "12:1: \"0x999\": there is no register at that address\n"
+              "12:1: \"0x999\": the platform has no register at that address\n"
               "13:1: \"0x003\": the register is read-only\n"
               "16:10: result does not fit radioReset, which takes status = \"RADIO_EIO\" or "
               "another\n"
