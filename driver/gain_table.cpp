@@ -4,6 +4,8 @@
 
 #include "register_table.h"
 
+#include <cmath>
+
 namespace sorel
 {
 
@@ -11,6 +13,22 @@ namespace
 {
 
 constexpr int tenthsPerDecibel = 10;
+
+// The highest step whose gain is not above that many 0.1 dB; -1 when there is none.
+int stepNotAboveTenths(const FrontEnd &frontEnd, int tenths)
+{
+    const RegisterTable &table = frontEnd.setup.gainTable;
+    return table.count != 0 ? lastNotAbove(table, tenths)
+                            : tenths / tenthsPerDecibel - frontEnd.platform->lowestGain;
+}
+
+// What a receiver has been set to by hand, or is at under automatic control, in 0.1 dB.
+int tenthsOf(const FrontEnd &frontEnd, const Receiver &receiver)
+{
+    if (receiver.gainMode == RADIO_RX_GAIN_MGC)
+        return receiver.manualGain * tenthsPerDecibel;
+    return static_cast<int>(std::lround(gainOf(frontEnd, receiver) * tenthsPerDecibel));
+}
 
 } // namespace
 
@@ -31,9 +49,7 @@ double gainOfStep(const FrontEnd &frontEnd, int step)
 
 int stepNotAbove(const FrontEnd &frontEnd, int gain)
 {
-    const RegisterTable &table = frontEnd.setup.gainTable;
-    return table.count != 0 ? lastNotAbove(table, gain * tenthsPerDecibel)
-                            : gain - frontEnd.platform->lowestGain;
+    return stepNotAboveTenths(frontEnd, gain * tenthsPerDecibel);
 }
 
 double gainOf(const FrontEnd &frontEnd, const Receiver &receiver)
@@ -52,10 +68,11 @@ Outcome loadGainTable(FrontEnd &frontEnd, const uint32_t *words, uint32_t count)
         return outcome;
     int present[2] = {};
     for (int path = 0; path < pathCount(frontEnd); ++path)
-        present[path] = static_cast<int>(gainOf(frontEnd, frontEnd.setup.receivers[path]));
+        present[path] = tenthsOf(frontEnd, frontEnd.setup.receivers[path]);
     storeTable(frontEnd.setup.gainTable, words, count);
     for (int path = 0; path < pathCount(frontEnd); ++path)
-        frontEnd.setup.receivers[path].step = std::max(stepNotAbove(frontEnd, present[path]), 0);
+        frontEnd.setup.receivers[path].step =
+            std::max(stepNotAboveTenths(frontEnd, present[path]), 0);
     return done();
 }
 

@@ -20,8 +20,9 @@ int stepNotAbove(const FrontEnd &frontEnd, int gain);
 // Present gain of a receiver of the front end, in dB.
 double gainOf(const FrontEnd &frontEnd, const Receiver &receiver);
 
-// The body of radioSetRxGainRegisters(). Gains in 0.1 dB. The receivers go to the steps of the
-// gains that they have been set to, or to the lowest step.
+// The body of radioSetRxGainRegisters(). Gains in 0.1 dB. The receivers go to the highest steps
+// not above the gains that they have been set to by hand or are at under automatic control, or to
+// the lowest step.
 Outcome loadGainTable(FrontEnd &frontEnd, const uint32_t *words, uint32_t count);
 
 } // namespace sorel

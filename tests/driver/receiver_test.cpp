@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
-// Receiver gain: by hand, and by each gain control.
+// Receiver gain by hand, and the gain table.
 #include "radio_test.h"
-
-#include <algorithm>
-#include <cmath>
-#include <vector>
 
 namespace sorel_tests
 {
@@ -19,20 +15,17 @@ protected:
     {
         RadioTest::SetUp();
         init(RADIO_CONF_SISO);
-        ASSERT_EQ(radioSetTxState(context, RADIO_STATE_ENABLE), RADIO_ESUCCESS);
-        ASSERT_EQ(radioSetLoopback(context, RADIO_TX_TO_RX_LOOPBACK), RADIO_ESUCCESS);
     }
 
-    // Brings the receiver's input to that level in dBm: the loopback loses 60 dB.
-    void hear(int level)
+    RadioReturn set(int gain)
     {
-        ASSERT_EQ(radioSetTxMaxPower(context, static_cast<int16_t>((level + 60) * 10)),
-                  RADIO_ESUCCESS);
+        return radioSetRxGain(context, static_cast<int16_t>(gain));
     }
 
-    void mode(RadioRxGainMode gainMode)
+    // Gains in 0.1 dB.
+    RadioReturn load(const std::vector<uint32_t> &words)
     {
-        ASSERT_EQ(radioSetRxGainMode(context, gainMode), RADIO_ESUCCESS);
+        return radioSetRxGainRegisters(context, words.data(), static_cast<uint32_t>(words.size()));
     }
 
     int gain()
@@ -41,121 +34,111 @@ protected:
     }
 };
 
-TEST_F(Receiver, manual_gain_is_what_was_set_whatever_comes_in)
+TEST_F(Receiver, manual_gain_is_what_was_set)
 {
-    for (int16_t set = 0; set <= 76; ++set) {
-        ASSERT_EQ(radioSetRxGain(context, set), RADIO_ESUCCESS);
-        ASSERT_EQ(gain(), set);
-    }
-    hear(-80);
-    EXPECT_EQ(gain(), 76);
-}
-
-TEST_F(Receiver, slow_control_brings_the_input_to_its_target)
-{
-    mode(RADIO_RX_GAIN_AGC_SLOW);
-    for (int level = -89; level <= -36; ++level) {
-        hear(level);
-        // At the target of -18 dBm or less than a step below it.
-        EXPECT_NEAR(gain() + level, -18.5, 0.5) << level;
+    for (int wanted = 0; wanted <= 76; ++wanted) {
+        ASSERT_EQ(set(wanted), RADIO_ESUCCESS);
+        ASSERT_EQ(gain(), wanted);
+        ASSERT_EQ(at(RX_STEP), static_cast<uint32_t>(wanted));
     }
 }
 
-TEST_F(Receiver, fast_control_stays_lower_and_takes_coarse_steps)
+TEST_F(Receiver, steps_are_counted_from_the_platforms_lowest_gain)
 {
-    mode(RADIO_RX_GAIN_AGC_FAST);
-    std::vector<int> gains;
-    for (int level = -89; level <= -36; ++level) {
-        hear(level);
-        gains.push_back(gain());
-        EXPECT_LE(gain() + level, -24) << level;
-        EXPECT_GE(gain() + level, -24 - 4) << level;
-        EXPECT_EQ(gain() % 3, 0) << level;
-    }
-    EXPECT_TRUE(std::is_sorted(gains.rbegin(), gains.rend()));
-    EXPECT_GT(gains.front(), gains.back());
-}
-
-TEST_F(Receiver, gain_control_stays_in_the_platforms_range)
-{
-    ASSERT_EQ(radioSetTxState(context, RADIO_STATE_DISABLE), RADIO_ESUCCESS);
-    mode(RADIO_RX_GAIN_AGC_SLOW);
-    EXPECT_EQ(gain(), 76);
-    mode(RADIO_RX_GAIN_AGC_FAST);
-    EXPECT_EQ(gain(), 75);
-
     open(RADIO_PLATFORM_BELLAN); // 3 to 60 dB
     init(RADIO_CONF_SISO, RADIO_MODE_4GENODEB_TDD_20MHZ, RADIO_BAND_38);
-    mode(RADIO_RX_GAIN_AGC_SLOW);
-    EXPECT_EQ(gain(), 60);
-    ASSERT_EQ(radioSetTxState(context, RADIO_STATE_ENABLE), RADIO_ESUCCESS);
-    ASSERT_EQ(radioSetLoopback(context, RADIO_TX_TO_RX_LOOPBACK), RADIO_ESUCCESS);
-    mode(RADIO_RX_GAIN_AGC_FAST);
-    ASSERT_EQ(radioSetTxMaxPower(context, 265), RADIO_ESUCCESS);
-    EXPECT_EQ(gain(), 9); // -33.5 dBm in, at most -24 dBm wanted, in steps of 3 dB from 3 dB on
-}
-
-TEST_F(Receiver, hybrid_control_acts_only_when_triggered)
-{
-    hear(-80);
-    mode(RADIO_RX_GAIN_AGC_SLOW_HYBRID);
-    const int first = gain();
-    EXPECT_NEAR(first - 80, -18, 1);
-    hear(-50);
-    EXPECT_EQ(gain(), first);
-
-    // Tuning triggers it,
-    ASSERT_EQ(radioSetRxFrequency(context, 2540000000u), RADIO_ESUCCESS);
-    const int second = gain();
-    EXPECT_NEAR(second - 50, -18, 1);
-    // and so does switching on,
-    hear(-60);
-    EXPECT_EQ(gain(), second);
-    ASSERT_EQ(radioSetRxState(context, RADIO_STATE_ENABLE), RADIO_ESUCCESS);
-    EXPECT_NEAR(gain() - 60, -18, 1);
-    // and setting the mode.
-    hear(-70);
-    mode(RADIO_RX_GAIN_AGC_SLOW_HYBRID);
-    EXPECT_NEAR(gain() - 70, -18, 1);
-    // A transmit channel does not.
-    const int third = gain();
-    hear(-50);
-    ASSERT_EQ(radioSetTxChannel(context, 2850), RADIO_ESUCCESS);
-    EXPECT_EQ(gain(), third);
+    EXPECT_EQ(at(RX_STEP), 57u);
+    ASSERT_EQ(set(3), RADIO_ESUCCESS);
+    EXPECT_EQ(at(RX_STEP), 0u);
 }
 
 TEST_F(Receiver, manual_gain_holds_again_after_automatic)
 {
-    ASSERT_EQ(radioSetRxGain(context, 33), RADIO_ESUCCESS);
-    mode(RADIO_RX_GAIN_AGC_SLOW);
+    ASSERT_EQ(set(33), RADIO_ESUCCESS);
+    ASSERT_EQ(radioSetRxGainMode(context, RADIO_RX_GAIN_AGC_FAST), RADIO_ESUCCESS);
+    wait(100);
     EXPECT_NE(gain(), 33);
-    mode(RADIO_RX_GAIN_MGC);
+    ASSERT_EQ(radioSetRxGainMode(context, RADIO_RX_GAIN_MGC), RADIO_ESUCCESS);
     EXPECT_EQ(gain(), 33);
 }
 
 TEST_F(Receiver, a_gain_for_several_receivers_is_set_on_all_or_none)
 {
     init(RADIO_CONF_MIMO);
-    ASSERT_EQ(radioSetRxGain(context, 20), RADIO_ESUCCESS);
+    ASSERT_EQ(set(20), RADIO_ESUCCESS);
     ASSERT_EQ(radioSelect(context, RADIO_SELECT_1), RADIO_ESUCCESS);
-    mode(RADIO_RX_GAIN_AGC_FAST);
+    ASSERT_EQ(radioSetRxGainMode(context, RADIO_RX_GAIN_AGC_FAST), RADIO_ESUCCESS);
     ASSERT_EQ(radioSelect(context, RADIO_SELECT_ALL), RADIO_ESUCCESS);
-    EXPECT_EQ(radioSetRxGain(context, 30), RADIO_EERROR);
+    EXPECT_EQ(set(30), RADIO_EERROR);
     EXPECT_EQ(radioGetRxGainOfAntennaIndB(context, RADIO_RX_ANTENNA_1), 20);
 }
 
-TEST_F(Receiver, the_gain_table_can_be_read_back)
+TEST_F(Receiver, a_gain_table_can_be_read_back_and_replaced)
 {
-    const uint32_t words[] = {0, 0xffffffff, 0x12345678};
-    ASSERT_EQ(radioSetRxGainRegisters(context, words, 3), RADIO_ESUCCESS);
+    ASSERT_EQ(load({0, 125, 760}), RADIO_ESUCCESS);
     EXPECT_EQ(at(GAIN_TABLE_COUNT), 3u);
-    for (uint32_t i = 0; i < 3; ++i)
-        EXPECT_EQ(at(GAIN_TABLE + i), words[i]);
+    EXPECT_EQ(at(GAIN_TABLE + 1), 125u);
+    EXPECT_EQ(at(GAIN_TABLE + 2), 760u);
     EXPECT_EQ(at(POWER_TABLE_COUNT), 0u);
-    ASSERT_EQ(radioSetRxGainRegisters(context, words + 1, 1), RADIO_ESUCCESS);
+    ASSERT_EQ(load({10}), RADIO_ESUCCESS);
     EXPECT_EQ(at(GAIN_TABLE_COUNT), 1u);
-    EXPECT_EQ(at(GAIN_TABLE), 0xffffffffu);
+    EXPECT_EQ(at(GAIN_TABLE), 10u);
     EXPECT_EQ(at(GAIN_TABLE + 1), 0u);
+}
+
+TEST_F(Receiver, a_gain_goes_to_the_highest_step_that_is_not_above_it)
+{
+    ASSERT_EQ(load({100, 205, 300, 300, 520}), RADIO_ESUCCESS);
+    const struct {
+        int wanted, gain;
+        uint32_t step;
+    } rows[] = {{10, 10, 0}, {20, 10, 0}, {21, 21, 1} /* 20.5 dB to the nearest */,
+                {29, 21, 1}, {30, 30, 3}, {51, 30, 3},
+                {52, 52, 4}, {76, 52, 4}};
+    for (const auto &row : rows) {
+        ASSERT_EQ(set(row.wanted), RADIO_ESUCCESS) << row.wanted;
+        EXPECT_EQ(gain(), row.gain) << row.wanted;
+        EXPECT_EQ(at(RX_STEP), row.step) << row.wanted;
+    }
+    EXPECT_EQ(set(9), RADIO_EINVAL); // below the lowest
+    EXPECT_EQ(at(RX_STEP), 4u);
+}
+
+TEST_F(Receiver, a_table_takes_the_receivers_to_the_steps_of_the_gains_they_were_set_to)
+{
+    ASSERT_EQ(set(30), RADIO_ESUCCESS);
+    ASSERT_EQ(load({0, 255, 600}), RADIO_ESUCCESS);
+    EXPECT_EQ(at(RX_STEP), 1u);
+    ASSERT_EQ(load({0, 255, 600}), RADIO_ESUCCESS); // the same once more
+    EXPECT_EQ(at(RX_STEP), 1u);
+    ASSERT_EQ(load({0, 295, 600}), RADIO_ESUCCESS);
+    EXPECT_EQ(at(RX_STEP), 1u);
+    ASSERT_EQ(load({400, 600}), RADIO_ESUCCESS); // none is low enough: the lowest
+    EXPECT_EQ(gain(), 40);
+    ASSERT_EQ(load({}), RADIO_ESUCCESS);
+    EXPECT_EQ(gain(), 30);
+}
+
+TEST_F(Receiver, gain_control_keeps_the_gain_of_its_step_under_the_same_table)
+{
+    ASSERT_EQ(load({0, 205}), RADIO_ESUCCESS);
+    ASSERT_EQ(radioSetRxGainMode(context, RADIO_RX_GAIN_AGC_SLOW), RADIO_ESUCCESS);
+    wait(100);
+    ASSERT_EQ(at(RX_STEP), 1u); // 20.5 dB, with only noise coming in
+    ASSERT_EQ(load({0, 205}), RADIO_ESUCCESS);
+    EXPECT_EQ(at(RX_STEP), 1u);
+}
+
+TEST_F(Receiver, a_wrong_gain_table_is_refused_and_the_former_kept)
+{
+    ASSERT_EQ(load({100, 200}), RADIO_ESUCCESS);
+    EXPECT_EQ(load({100, 761}), RADIO_EINVAL);        // above the platform's gains
+    EXPECT_EQ(load({0xffffffff, 100}), RADIO_EINVAL); // -0.1 dB, below them
+    EXPECT_EQ(load({100, 300, 299}), RADIO_EINVAL);   // falling
+    EXPECT_EQ(load(std::vector<uint32_t>(257)), RADIO_EINVAL);
+    EXPECT_EQ(at(GAIN_TABLE_COUNT), 2u);
+    EXPECT_EQ(at(GAIN_TABLE + 1), 200u);
+    EXPECT_EQ(load(std::vector<uint32_t>(256)), RADIO_ESUCCESS);
 }
 
 } // namespace
