@@ -61,7 +61,6 @@ Setup freshSetup(const Platform &platform, RadioConf configuration, const Mode &
                                  platform.highestGain,
                                  platform.highestGain - platform.lowestGain,
                                  true,
-                                 forever,
                                  false};
     }
     return setup;

@@ -26,11 +26,10 @@ struct Transmitter {
 struct Receiver {
     RadioState state;
     RadioRxGainMode gainMode;
-    int16_t manualGain;   // in dB, as last set by hand
-    int32_t step;         // of the gain table: the present gain
-    bool isSettled;       // whether the gain control leaves the gain alone
-    int64_t nextDecision; // of the gain control, while it does not; simulated time
-    bool isOverloaded;    // whether the converter is
+    int16_t manualGain; // in dB, as last set by hand
+    int32_t step;       // of the gain table: the present gain
+    bool isSettled;     // whether the gain control leaves the gain alone
+    bool isOverloaded;  // whether the converter is
 };
 
 struct RegisterTable {

@@ -39,10 +39,9 @@ const GainControl gainControls[] = {
 // clang-format on
 
 // Decisions fall on whole periods.
-int64_t decisionAfter(int64_t now, const Receiver &receiver)
+int64_t periodOf(const Receiver &receiver)
 {
-    const int64_t period = gainControls[receiver.gainMode].period;
-    return (now / period + 1) * period;
+    return gainControls[receiver.gainMode].period;
 }
 
 bool isAtWork(const FrontEnd &frontEnd, const Receiver &receiver)
@@ -79,21 +78,14 @@ void watch(FrontEnd &frontEnd, int path)
     const bool holds = receiver.gainMode == RADIO_RX_GAIN_AGC_SLOW_HYBRID && receiver.isSettled;
     if (holds)
         return;
-    const bool wasSettled = receiver.isSettled;
     receiver.isSettled = wantedStep(frontEnd, path) == receiver.step;
-    if (wasSettled && !receiver.isSettled)
-        receiver.nextDecision = decisionAfter(frontEnd.now, receiver);
 }
 
 } // namespace
 
 void wake(FrontEnd &frontEnd, int path)
 {
-    Receiver &receiver = frontEnd.setup.receivers[path];
-    if (receiver.gainMode == RADIO_RX_GAIN_MGC)
-        return;
-    receiver.isSettled = false;
-    receiver.nextDecision = decisionAfter(frontEnd.now, receiver);
+    frontEnd.setup.receivers[path].isSettled = false;
 }
 
 void watchLevels(FrontEnd &frontEnd)
@@ -107,8 +99,10 @@ int64_t nextDecision(const FrontEnd &frontEnd)
     int64_t instant = forever;
     for (int path = 0; path < pathCount(frontEnd); ++path) {
         const Receiver &receiver = frontEnd.setup.receivers[path];
-        if (!receiver.isSettled && isAtWork(frontEnd, receiver))
-            instant = std::min(instant, receiver.nextDecision);
+        if (receiver.isSettled || !isAtWork(frontEnd, receiver))
+            continue;
+        const int64_t period = periodOf(receiver);
+        instant = std::min(instant, (frontEnd.now / period + 1) * period);
     }
     return instant;
 }
@@ -118,10 +112,9 @@ void decide(FrontEnd &frontEnd)
     for (int path = 0; path < pathCount(frontEnd); ++path) {
         Receiver &receiver = frontEnd.setup.receivers[path];
         if (receiver.isSettled || !isAtWork(frontEnd, receiver) ||
-            frontEnd.now < receiver.nextDecision)
+            frontEnd.now % periodOf(receiver) != 0)
             continue;
         receiver.step = wantedStep(frontEnd, path);
-        receiver.nextDecision = decisionAfter(frontEnd.now, receiver);
         frontEnd.levels.isKnown = false;
     }
 }
