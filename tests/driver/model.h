@@ -31,10 +31,17 @@ inline double quantisationNoise(int bits, double bandwidth, double sampleRate, d
     return -(6.02 * bits + 1.76) + 10 * std::log10(bandwidth / sampleRate) - gain;
 }
 
-// Standard deviation of one RTWP reading in dB: it averages noise over 0.1 ms.
+// What one RTWP reading averages over, in seconds: in the 2G mode, which alone is that narrow, a
+// time slot.
+inline double averagingTime(double bandwidth)
+{
+    return bandwidth > 0.2e6 ? 1e-4 : 576.9e-6;
+}
+
+// Standard deviation of one RTWP reading in dB.
 inline double readingSpread(double bandwidth)
 {
-    return 4.34 / std::sqrt(bandwidth * 1e-4);
+    return 4.34 / std::sqrt(bandwidth * averagingTime(bandwidth));
 }
 
 // How far the mean of that many readings may lie from the model, in dB: four standard errors.

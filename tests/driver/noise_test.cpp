@@ -59,9 +59,8 @@ const struct {
     {RADIO_MODE_4GENODEB_FDD_15MHZ, RADIO_BAND_7, 13.5e6, 0.05},
     {RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7, 18e6, 0.05},
     {RADIO_MODE_4GUERX_TDD_20MHZ, RADIO_BAND_38, 18e6, 0.05},
-    // Narrow channels scatter too much for that.
-    {RADIO_MODE_TD_SCDMA_NODEB, RADIO_BAND_34, 1.28e6, meanTolerance(1.28e6, readings)},
-    {RADIO_MODE_2GUERX, RADIO_BAND_GSM_900, 0.2e6, meanTolerance(0.2e6, readings)},
+    {RADIO_MODE_TD_SCDMA_NODEB, RADIO_BAND_34, 1.28e6, 0.05},
+    {RADIO_MODE_2GUERX, RADIO_BAND_GSM_900, 0.2e6, 0.05},
 };
 
 TEST_F(Noise, a_thousand_readings_scatter_about_the_model_as_averaged_noise_does)

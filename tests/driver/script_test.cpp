@@ -24,6 +24,7 @@ TEST_F(Script, writes_are_done_after_the_initialisation)
                   "\n"
                   "write 0x10 0x12345678   # scratch\n"
                   "\twrite\t66 30\r\n"
+                  "delay 60 us\n"
                   "write 0x30 1\n"
                   "write 0x32 -100"),
               RADIO_ESUCCESS);
@@ -70,6 +71,18 @@ TEST_F(Script, nothing_of_a_script_that_does_not_parse_is_done)
         "write 0x10 +1",
         "write 0x10 1;",
         "write 0x10 99999999999999999999",
+        "check 0x10",
+        "check 0x10 0 0 0",
+        "check 0x10 0 x",
+        "delay",
+        "delay 1",
+        "delay 1 min",
+        "delay 1.5 s",
+        "delay -1 us",
+        "delay 1 us us",
+        "delay 10001 ms",
+        "delay 4294967295 s",
+        "delay 6 s\ndelay 5 s",
         std::string("write 0x10 1\0", 13),
     };
     for (const std::string &mistake : mistakes) {
@@ -88,6 +101,54 @@ TEST_F(Script, nothing_is_done_when_a_write_is_refused)
     EXPECT_EQ(run("write 0x10 5\nwrite 0x44 1\nwrite 0x42 1"), RADIO_EERROR);
     EXPECT_EQ(at(SETUP), 0u);
     EXPECT_EQ(at(SCRATCH), 0u);
+}
+
+TEST_F(Script, a_check_compares_the_bits_of_its_mask)
+{
+    EXPECT_EQ(run("check 0x11 32768\n"
+                  "write 0x10 0x1234\n"
+                  "check 0x10 0x1234\n"
+                  "check 0x10 0xff34 0x00ff\n"
+                  "check 0x10 -1 0"),
+              RADIO_ESUCCESS);
+    EXPECT_EQ(at(SCRATCH), 0x1234u);
+    ASSERT_EQ(radioReset(context), RADIO_ESUCCESS);
+    EXPECT_EQ(run("write 0x10 0x1234\ncheck 0x10 0x1235"), RADIO_EERROR);
+    EXPECT_EQ(run("write 0x10 0x1234\ncheck 0x10 0x1235 0x3"), RADIO_EERROR);
+    EXPECT_EQ(run("write 0x10 0x1234\ncheck 0x999 0"), RADIO_EINVAL);
+    EXPECT_EQ(at(SETUP), 0u);
+    EXPECT_EQ(at(SCRATCH), 0u);
+}
+
+TEST_F(Script, a_command_takes_10_microseconds)
+{
+    const std::string five = "check 0x23 0\ncheck 0x23 0\ncheck 0x23 0\ncheck 0x23 0\n"
+                             "check 0x23 0\n";
+    EXPECT_EQ(run(five + "write 0x30 1"), RADIO_ESUCCESS); // locked after 60 us
+    EXPECT_EQ(at(TX_STATE), 1u);
+    EXPECT_EQ(run(five + "check 0x23 0"), RADIO_EERROR);
+    EXPECT_EQ(run("write 0x30 1"), RADIO_EAGAIN);
+}
+
+TEST_F(Script, a_delay_lets_synthesisers_lock)
+{
+    EXPECT_EQ(run("delay 30 us\ncheck 0x23 0\nwrite 0x30 1"), RADIO_ESUCCESS);
+    EXPECT_EQ(run("delay 29 us\ncheck 0x23 0\nwrite 0x30 1"), RADIO_EAGAIN);
+    EXPECT_EQ(run("delay 1 ms\ncheck 0x23 3"), RADIO_ESUCCESS);
+}
+
+TEST_F(Script, a_delay_lets_the_board_warm_up)
+{
+    const float before = radioGetTemperature(context);
+    ASSERT_EQ(run("delay 10 s"), RADIO_ESUCCESS);
+    EXPECT_NEAR(radioGetTemperature(context) - before, 8 * (0.2 + 2 * 0.15), 0.1);
+}
+
+TEST_F(Script, no_time_passes_in_a_script_that_fails)
+{
+    const float before = radioGetTemperature(context);
+    EXPECT_EQ(run("delay 10 s\ncheck 0x10 1"), RADIO_EERROR);
+    EXPECT_EQ(radioGetTemperature(context), before);
 }
 
 TEST_F(Script, a_refused_script_keeps_the_former_initialisation)

@@ -13,12 +13,6 @@ namespace
 class Thermal : public RadioTest
 {
 protected:
-    void wait(int calls)
-    {
-        for (int i = 0; i < calls; ++i)
-            radioGetDebugLevel(context);
-    }
-
     std::vector<float> warmUp()
     {
         open(RADIO_PLATFORM_TALWIN);
@@ -41,11 +35,32 @@ TEST_F(Thermal, an_idle_board_stays_at_its_temperature)
     EXPECT_EQ(radioGetTemperature(context), before);
 }
 
-TEST_F(Thermal, more_chips_are_warmer)
+TEST_F(Thermal, each_chip_of_a_platform_heats_it)
 {
-    const float one = radioGetTemperature(context);
     open(RADIO_PLATFORM_TALWIN);
-    EXPECT_NEAR(radioGetTemperature(context) - one, 8 * 0.4, 0.1);
+    EXPECT_NEAR(radioGetTemperature(context), 25 + 6 * 2 * 0.4, 1.0 / 16);
+}
+
+TEST_F(Thermal, heat_adds_to_the_ambient_temperature_also_below_zero)
+{
+    for (const char *const ambient : {"-40.0", "0.0", "60.0"}) {
+        openIn(std::string("ambient = ") + ambient);
+        EXPECT_NEAR(radioGetTemperature(context), std::atof(ambient) + 8 * 0.4, 1.0 / 16);
+    }
+}
+
+TEST_F(Thermal, a_transmitter_heats_by_itself_and_by_three_times_its_output)
+{
+    init(RADIO_CONF_SISO);
+    wait(200000);
+    const float idle = radioGetTemperature(context);
+    ASSERT_EQ(radioSetTxMaxPower(context, -600), RADIO_ESUCCESS);
+    ASSERT_EQ(radioSetTxState(context, RADIO_STATE_ENABLE), RADIO_ESUCCESS);
+    wait(200000);
+    EXPECT_NEAR(radioGetTemperature(context) - idle, 0.4 * 8, 0.1);
+    ASSERT_EQ(radioSetTxMaxPower(context, 200), RADIO_ESUCCESS);
+    wait(200000);
+    EXPECT_NEAR(radioGetTemperature(context) - idle, (0.4 + 3 * 0.1) * 8, 0.1);
 }
 
 TEST_F(Thermal, a_working_board_warms_up_by_its_heat_and_time_constant)
@@ -92,6 +107,9 @@ TEST_F(Thermal, the_register_is_the_same_reading)
     init();
     wait(5000);
     EXPECT_EQ(static_cast<float>(at(TEMPERATURE)) / 16, radioGetTemperature(context));
+    openIn("ambient = -40.0");
+    const auto shown = static_cast<int32_t>(at(TEMPERATURE));
+    EXPECT_EQ(static_cast<float>(shown) / 16, radioGetTemperature(context));
 }
 
 } // namespace
