@@ -55,10 +55,25 @@ def test_the_status_is_that_of_the_shell():
     assert dev("run", "no such argument").returncode == 64
 
 
+def test_the_picture_is_drawn_into_a_folder_and_named(tmp_path):
+    folder = tmp_path / "a folder"
+    folder.mkdir()
+    done = dev("picture", "a folder", cwd=tmp_path, env=os.environ | {"LD_LIBRARY_PATH": "none"})
+    assert done.returncode == 0, done.stderr
+    assert f"dev: the picture is {folder}/gain_modes.png" in done.stderr
+    assert {path.name for path in folder.iterdir()} == {"gain_modes.csv", "gain_modes.png"}
+    assert (folder / "gain_modes.png").read_bytes().startswith(b"\x89PNG")
+
+
+def test_no_picture_is_drawn_where_there_is_no_folder(tmp_path):
+    done = dev("picture", tmp_path / "none")
+    assert (done.stderr, done.returncode) == (f"dev: there is no folder '{tmp_path}/none'\n", 1)
+
+
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
-    assert all(f"\n  {verb} " in done.stdout for verb in ("run", "test", "lint"))
+    assert all(f"\n  {verb} " in done.stdout for verb in ("run", "test", "lint", "picture"))
 
 
 def test_an_unknown_verb_is_refused_with_the_list():

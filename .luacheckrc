@@ -1,0 +1,4 @@
+-- SPDX-License-Identifier: LicenseRef-Proprietary
+-- Scripts of the shell: Lua 5.1, and the functions and constants of the radio as globals.
+std = "lua51"
+ignore = { "113/radio%u.*", "113/RADIO_.*" }
