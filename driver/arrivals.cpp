@@ -48,8 +48,10 @@ void listen(FrontEnd &frontEnd)
         arrivals.until = std::min(arrivals.until, nextChange(signal, frontEnd.now));
         if (frontEnd.now < signal.start || frontEnd.now >= signal.end)
             continue;
-        const double power = milliwatts(signal.power) *
-                             shareInside(signal, frequency, frontEnd.setup.mode->bandwidth);
+        const double share = shareInside(signal, frequency, frontEnd.setup.mode->bandwidth);
+        if (share <= 0) // most signals of a busy band: what follows takes its time
+            continue;
+        const double power = milliwatts(signal.power) * share;
         for (int path = 0; path < 2; ++path)
             if (signal.antennas >> path & 1)
                 arrivals.power[path] += power;

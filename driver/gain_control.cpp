@@ -23,6 +23,10 @@ struct GainControl {
     int steps;         // of the gain table, in one decision
     int overloadSteps; // in one decision while the converter is overloaded
     int64_t period;    // in nanoseconds
+
+    // The window as powers: each decision compares with it, and exp() takes longer than the rest.
+    double lowPower = ratio(low);
+    double highPower = ratio(high);
 };
 
 // clang-format off
@@ -56,9 +60,9 @@ int wantedStep(const FrontEnd &frontEnd, int path)
     const Receiver &receiver = frontEnd.setup.receivers[path];
     const GainControl &control = gainControls[receiver.gainMode];
     const double level = converterLevel(frontEnd, path);
-    if (level > ratio(control.high))
+    if (level > control.highPower)
         return std::max(receiver.step - (level > 1 ? control.overloadSteps : control.steps), 0);
-    if (level >= ratio(control.low))
+    if (level >= control.lowPower)
         return receiver.step;
     const double room = control.high - dBmOf(level);
     const double gain = gainOf(frontEnd, receiver);
