@@ -15,6 +15,8 @@ constexpr int mostStuckRegisters = 8;
 struct StuckRegister {
     uint32_t address;
     uint32_t value;
+
+    bool operator==(const StuckRegister &) const = default;
 };
 
 struct Conditions {
@@ -24,6 +26,8 @@ struct Conditions {
     int64_t nanodegrees = 0; // that temperature, in 1e-9 degrees Celsius
     int stuckCount = 0;
     StuckRegister stuck[mostStuckRegisters] = {};
+
+    bool operator==(const Conditions &) const = default;
 };
 
 // Null where that register is not stuck.

@@ -6,6 +6,7 @@
 #include "registers.h"
 #include "synthesiser.h"
 
+#include <string_view>
 #include <utility>
 
 namespace sorel
@@ -93,11 +94,12 @@ void startFaults(std::shared_ptr<const Scenario> next)
 
 const Fault *countCall(const char *function, FrontEnd *frontEnd)
 {
+    const std::string_view called = function; // its length, found once, tells most faults apart
     const Fault *answering = nullptr;
     for (std::size_t i = 0; i < courses.size(); ++i) {
         const Fault &fault = scenario->faults[i];
         Course &course = courses[i];
-        if (fault.function.empty() ? !frontEnd : fault.function != function)
+        if (fault.function.empty() ? !frontEnd : fault.function != called)
             continue;
         course.isActive = isActiveAt(fault, i, ++course.calls);
         course.isHeld = course.isHeld && course.isActive;

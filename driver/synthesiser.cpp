@@ -75,8 +75,10 @@ void impose(FrontEnd &frontEnd, const Conditions &conditions)
         frontEnd.setup.txSynthesiser.locksAt = locksAt;
     if (frontEnd.conditions.rxNeverLocks || conditions.rxNeverLocks)
         frontEnd.setup.rxSynthesiser.locksAt = locksAt;
+    // What is stuck is put back after each call, whatever the call has changed.
+    if (conditions.stuckCount != 0 || conditions != frontEnd.conditions)
+        frontEnd.levels.isKnown = false;
     frontEnd.conditions = conditions;
-    frontEnd.levels.isKnown = false;
 }
 
 uint32_t actualFrequency(const FrontEnd &frontEnd, const Synthesiser &synthesiser)
