@@ -94,7 +94,8 @@ def loading(driver):
 
 def environment(driver, more):
     """The environment of a run; driver is the folder of a libsorel.so.1, None the linked one."""
-    unwanted = ("LUA_PATH", "LUA_CPATH", "LUA_INIT", "LD_LIBRARY_PATH", "SOREL_SIM_TRACE",
+    unwanted = ("LUA_PATH", "LUA_CPATH", "LUA_INIT", "LD_LIBRARY_PATH",
+                "SOREL_SIM_SCENARIO", "SOREL_SIM_TRACE",
                 "SOREL_SIM_LOG", "SOREL_SIM_LOG_LEVEL", "SOREL_TRACE_DRIVER")
     result = {name: value for name, value in os.environ.items() if name not in unwanted}
     result["LC_ALL"] = "C"
@@ -117,7 +118,7 @@ def preloading(library):
     return path | {"LD_PRELOAD": library}
 
 
-def run(*arguments, stdin="", answers="", driver=RECORDING, **more):
+def run(*arguments, stdin="", answers="", driver=RECORDING, cwd=None, **more):
     """Runs the executable with these arguments; answers are lines for the recording driver, more
     are environment variables. Bytes are characters of Latin-1, each standing for itself."""
     with tempfile.TemporaryDirectory() as folder:
@@ -133,6 +134,7 @@ def run(*arguments, stdin="", answers="", driver=RECORDING, **more):
             COMMAND + list(arguments),
             input=stdin.encode("latin-1"),
             capture_output=True,
+            cwd=cwd,
             env=environment(driver, variables | more),
             timeout=SECONDS,
             check=False,
