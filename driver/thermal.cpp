@@ -20,6 +20,7 @@ constexpr int64_t nanosecondsPerTick = 100'000;
 constexpr int64_t ticksToStandstill = 1 << 20;
 
 constexpr int64_t nanodegreesPerDegree = 1'000'000'000;
+constexpr int64_t nanodegreesPerStep = nanodegreesPerDegree / 16; // of the converter
 
 // Heat in microwatts.
 constexpr int64_t idleChip = 400'000;
@@ -45,22 +46,35 @@ int64_t heat(const FrontEnd &frontEnd)
     return microwatts;
 }
 
-// Steps of a first-order approach to what settles.
-void approach(Thermal &thermal, int64_t settled, int64_t settling, int64_t ticks)
+// The temperature at which the protection acts next.
+int64_t protectionLimit(const Thermal &thermal)
 {
-    for (ticks = std::min(ticks, ticksToStandstill); ticks > 0; --ticks) {
+    return (thermal.isShutDown ? restartDegrees : shutDownDegrees) * nanodegreesPerDegree;
+}
+
+// Steps of a first-order approach to what settles, until the protection has to act. Returns how
+// many ticks that took.
+int64_t approach(Thermal &thermal, int64_t settled, int64_t settling, int64_t ticks)
+{
+    const int64_t limit = protectionLimit(thermal);
+    const bool isAbove = thermal.nanodegrees >= limit;
+    const int64_t most = std::min(ticks, ticksToStandstill);
+    for (int64_t tick = 1; tick <= most; ++tick) {
         const int64_t change = (settled - thermal.nanodegrees) / settling;
         if (change == 0)
-            break;
+            return ticks;
         thermal.nanodegrees += change;
+        if ((thermal.nanodegrees >= limit) != isAbove)
+            return tick;
     }
+    return ticks;
 }
 
 void protect(FrontEnd &frontEnd)
 {
     Thermal &thermal = frontEnd.thermal;
-    const int64_t limit = thermal.isShutDown ? restartDegrees : shutDownDegrees;
-    const bool isHot = temperatureReading(frontEnd) >= limit * 16;
+    const bool isHot =
+        temperatureReading(frontEnd) * nanodegreesPerStep >= protectionLimit(thermal);
     if (isHot && !thermal.isShutDown) {
         frontEnd.events |= ShutDown;
         for (Transmitter &transmitter : frontEnd.setup.transmitters)
@@ -83,15 +97,16 @@ void warm(FrontEnd &frontEnd)
 {
     Thermal &thermal = frontEnd.thermal;
     const int32_t shown = temperatureReading(frontEnd);
-    const int64_t ticks = (frontEnd.now - thermal.reached) / nanosecondsPerTick;
-    if (ticks > 0) {
-        approach(thermal, settledNanodegrees(frontEnd), frontEnd.platform->settling, ticks);
-        thermal.reached += ticks * nanosecondsPerTick;
+    int64_t ticks = (frontEnd.now - thermal.reached) / nanosecondsPerTick;
+    thermal.reached += ticks * nanosecondsPerTick;
+    while (ticks > 0) {
+        const int64_t settled = settledNanodegrees(frontEnd);
+        ticks -= approach(thermal, settled, frontEnd.platform->settling, ticks);
+        protect(frontEnd);
     }
     // The noise figure follows the temperature that is shown.
     if (temperatureReading(frontEnd) != shown)
         frontEnd.levels.isKnown = false;
-    protect(frontEnd);
 }
 
 int32_t temperatureReading(const FrontEnd &frontEnd)
@@ -99,7 +114,6 @@ int32_t temperatureReading(const FrontEnd &frontEnd)
     const Conditions &conditions = frontEnd.conditions;
     const int64_t nanodegrees =
         conditions.forcesTemperature ? conditions.nanodegrees : frontEnd.thermal.nanodegrees;
-    constexpr int64_t nanodegreesPerStep = nanodegreesPerDegree / 16;
     // Rounds down, below zero too.
     return static_cast<int32_t>((nanodegrees - (nanodegrees < 0 ? nanodegreesPerStep - 1 : 0)) /
                                 nanodegreesPerStep);
