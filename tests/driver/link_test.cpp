@@ -59,6 +59,33 @@ TEST_F(Link, a_refused_rate_keeps_the_former_one)
     EXPECT_EQ(at(LINK), 8u);
 }
 
+TEST_F(Link, another_platform_starts_without_the_link_and_its_limit)
+{
+    ASSERT_EQ(radioCpriInit(context, RADIO_CPRI_RATE_1), RADIO_ESUCCESS);
+    ASSERT_EQ(radioSelectPlatform(RADIO_PLATFORM_TALWIN), RADIO_ESUCCESS);
+    init();
+    EXPECT_EQ(at(LINK), 0u);
+    init();
+}
+
+TEST_F(Link, reset_takes_it_down)
+{
+    ASSERT_EQ(radioCpriInit(context, RADIO_CPRI_RATE_1), RADIO_ESUCCESS);
+    EXPECT_EQ(radioInit(context, RADIO_CONF_MIMO, LTE_20, RADIO_BAND_7), RADIO_EERROR);
+    ASSERT_EQ(radioReset(context), RADIO_ESUCCESS);
+    EXPECT_EQ(at(LINK), 0u);
+    init();
+}
+
+TEST_F(Link, init_does_not_take_it_down)
+{
+    ASSERT_EQ(radioCpriInit(context, RADIO_CPRI_RATE_2), RADIO_ESUCCESS);
+    init(RADIO_CONF_SISO);
+    EXPECT_EQ(at(LINK), 2u);
+    EXPECT_EQ(radioInit(context, RADIO_CONF_MIMO, LTE_20, RADIO_BAND_7), RADIO_EERROR);
+    EXPECT_EQ(at(SETUP) >> 8 & 0xff, uint32_t{RADIO_CONF_SISO});
+}
+
 TEST_F(Link, a_platform_without_cpri_or_that_rate_does_not_support_it)
 {
     const struct {
