@@ -7,7 +7,7 @@
 /* Contexts that the simulated board can have open. */
 enum { OPEN_LIMIT = 16 };
 
-static uint32_t words[300] = {1, 4294967295u};
+static uint32_t words[300] = {4294967251u};
 
 static void callEach(RadioContext *c, const char *calibration, const char *script)
 {

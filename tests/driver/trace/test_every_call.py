@@ -35,7 +35,7 @@ CALLS = [
     "radioSetTxMaxPower(-45) = RADIO_ESUCCESS",
     "radioSetTxMaxPowerOfAntenna(RADIO_TX_ANTENNA_2, 10) = RADIO_ESUCCESS",
     "radioSetTxDcOffset(RADIO_TX_ANTENNA_1, -3, 4) = RADIO_ESUCCESS",
-    "radioSetTxPowerRegisters([1, 4294967295, 0], 3) = RADIO_ESUCCESS",
+    "radioSetTxPowerRegisters([4294967251, 0, 0], 3) = RADIO_ESUCCESS",
     "radioSetRxFrequency(2535000000) = RADIO_ESUCCESS",
     "radioSetRxChannel(21100) = RADIO_ESUCCESS",
     "radioSetRxState(RADIO_STATE_ENABLE) = RADIO_ESUCCESS",
@@ -116,7 +116,7 @@ def test_the_board_writes_each_call_down_with_its_time(files, tmp_path):
 
 def test_the_library_in_front_writes_each_call_down_once_and_lists_longer_arrays(files, tmp_path):
     lines = traced(files, tmp_path / "trace", driver=None, **in_front_of(SIMULATION))
-    assert_calls(lines, files, words="[1, 4294967295, " + ", ".join(298 * ["0"]) + "]")
+    assert_calls(lines, files, words="[4294967251, " + ", ".join(299 * ["0"]) + "]")
 
 
 def test_calls_without_an_open_context_are_logged_at_the_level_of_the_environment(files, tmp_path):
