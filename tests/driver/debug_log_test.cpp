@@ -103,7 +103,8 @@ TEST_F(DebugLog, a_mistake_in_a_file_is_named_with_its_line)
     const std::string script = file("write 0x10 1\nnonsense\n");
     radioInitByScript(context, RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7,
                       script.c_str());
-    EXPECT_NE(said().find("RADIO_EINVAL: not a command: write, check or delay (line 2)\n"), std::string::npos);
+    EXPECT_NE(said().find("RADIO_EINVAL: not a command: write, check or delay (line 2)\n"),
+              std::string::npos);
     const std::string calibration = file("[integers]\n\nserial = 1.5\n");
     radioLoadCalibrationFile(context, calibration.c_str());
     EXPECT_NE(said().find("serial is a float, not an integer (line 3)\n"), std::string::npos);

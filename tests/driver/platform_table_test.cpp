@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // The table of platforms in driver/README.md, each number of it held against the board.
-#include "markdown.h"
-#include "model.h"
-#include "radio_test.h"
+#include "platform_table.h"
 
 #include <algorithm>
-#include <functional>
 #include <set>
 
 namespace sorel_tests
@@ -14,19 +11,7 @@ namespace sorel_tests
 namespace
 {
 
-constexpr std::size_t readings = 1000;
-
-// Both ends of "600..3800 MHz".
-struct Range {
-    double low, high;
-};
-
-Range rangeOf(const std::string &cell)
-{
-    const std::size_t dots = cell.find("..");
-    EXPECT_NE(dots, std::string::npos) << cell;
-    return {std::stod(cell), std::stod(cell.substr(dots + 2))};
-}
+using PlatformTable = PlatformTableTest;
 
 // The kind of a mode, as the table words it.
 std::set<std::string> kindsOf(RadioMode mode)
@@ -56,80 +41,6 @@ bool names(const std::string &cell, const std::set<std::string> &kinds)
     return std::any_of(listed.begin(), listed.end(),
                        [&](const std::string &kind) { return kinds.count(kind) != 0; });
 }
-
-class PlatformTable : public RadioTest
-{
-protected:
-    // Calls probe with each row of the table, the platform of which is open.
-    void forEachPlatform(const std::vector<std::string> &columns,
-                         const std::function<void(const MarkdownRow &row)> &probe)
-    {
-        const char *const platforms[] = {"DEFAULT", "TALWIN", "MERRIK", "OSTRAV", "BELLAN"};
-        std::vector<std::string> all = {"platform"};
-        all.insert(all.end(), columns.begin(), columns.end());
-        const std::vector<MarkdownRow> rows = readmeTable("Platforms", all);
-        ASSERT_EQ(rows.size(), std::size(platforms));
-        ASSERT_EQ(std::size(platforms), std::size_t{RADIO_PLATFORM_COUNT});
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            SCOPED_TRACE(platforms[i]);
-            ASSERT_EQ(rows[i].at("platform"), platforms[i]);
-            ASSERT_NO_THROW({
-                for (const std::string &column : columns)
-                    rows[i].at(column);
-            }) << "a cell is missing";
-            open(static_cast<RadioPlatformSelectIndex>(i));
-            probe(rows[i]);
-        }
-    }
-
-    // LTE 20 MHz with one path, in the role and the duplex that the platform has.
-    void initAnyhow()
-    {
-        const std::pair<RadioMode, RadioBand> choices[] = {
-            {RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7},
-            {RADIO_MODE_4GUERX_FDD_20MHZ, RADIO_BAND_7},
-            {RADIO_MODE_4GENODEB_TDD_20MHZ, RADIO_BAND_38},
-        };
-        for (const auto &[mode, band] : choices)
-            if (radioInit(context, RADIO_CONF_SISO, mode, band) == RADIO_ESUCCESS) {
-                setup = {mode, band};
-                return;
-            }
-        FAIL() << "no LTE mode of 20 MHz";
-    }
-
-    double measured()
-    {
-        std::vector<double> values;
-        while (values.size() < readings)
-            values.push_back(static_cast<double>(radioGetRxRtwpIndBm(context)));
-        return mean(values);
-    }
-
-    double temperature()
-    {
-        return static_cast<double>(radioGetTemperature(context));
-    }
-
-    RadioReturn runScript(const std::string &script)
-    {
-        return radioInitByScript(context, RADIO_CONF_SISO, setup.first, setup.second,
-                                 file(script).c_str());
-    }
-
-    // Whether the first and the last of that range are accepted, and no more.
-    template <class Set>
-    void expectRange(Set set, int low, int high)
-    {
-        const auto status = [&](int value) { return set(context, static_cast<int16_t>(value)); };
-        EXPECT_EQ(status(low - 1), RADIO_EINVAL);
-        EXPECT_EQ(status(low), RADIO_ESUCCESS);
-        EXPECT_EQ(status(high), RADIO_ESUCCESS);
-        EXPECT_EQ(status(high + 1), RADIO_EINVAL);
-    }
-
-    std::pair<RadioMode, RadioBand> setup = {};
-};
 
 TEST_F(PlatformTable, has_all_its_columns)
 {
