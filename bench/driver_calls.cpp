@@ -138,7 +138,7 @@ void measure(benchmark::State &state, RadioContext *context, Call call, Value on
     require(call(context, one));
     require(call(context, other));
     bool turn = false;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(call(context, turn ? one : other));
         turn = !turn;
     }
@@ -148,7 +148,7 @@ void measure(benchmark::State &state, RadioContext *context, Call call, Value on
 template <class Call>
 void measure(benchmark::State &state, RadioContext *context, Call call)
 {
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(call(context));
 }
 
@@ -207,29 +207,29 @@ void setTxFrequencyRefused(benchmark::State &state)
 {
     const Radio radio;
     require(radioSetTxFrequency(radio.context(), 1) == RADIO_EINVAL, "1 Hz was not refused");
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(radioSetTxFrequency(radio.context(), 1));
 }
 
 void spiWrite(benchmark::State &state)
 {
     const Radio radio;
-    uint32_t value = 0;
-    for (auto _ : state)
-        benchmark::DoNotOptimize(radioSpiWrite(radio.context(), scratchRegister, ++value));
+    int32_t value = 0;
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(radioSpiWrite(radio.context(), scratchRegister, value ^= 1));
 }
 
 void spiRead(benchmark::State &state)
 {
     const Radio radio;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(radioSpiRead(radio.context(), scratchRegister));
 }
 
 void spiReadPower(benchmark::State &state)
 {
     const Radio radio;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(radioSpiRead(radio.context(), powerRegister));
 }
 
@@ -328,7 +328,7 @@ void setRxFrequencyInLargestScenario(benchmark::State &state)
 void init(benchmark::State &state)
 {
     const Radio radio;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(radioInit(radio.context(), RADIO_CONF_MIMO,
                                            RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7));
 }
@@ -341,7 +341,7 @@ void openAndClose(RadioContext *context)
 
 void open(benchmark::State &state)
 {
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         openAndClose(radioOpen());
 }
 
@@ -351,7 +351,7 @@ void openReading(benchmark::State &state, const Size &size)
     const ScenarioFile one(size, 1);
     const ScenarioFile other(size, 2);
     bool turn = false;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         (turn ? one : other).use();
         openAndClose(radioOpen());
         turn = !turn;
