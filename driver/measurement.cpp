@@ -75,7 +75,8 @@ void detect(const FrontEnd &frontEnd, int path, Detected &detected)
 {
     const Levels &levels = frontEnd.levels;
     const double most = fullScale / levels.gain[path];
-    const double correction = ratio(frontEnd.corrections[frontEnd.setup.band].rxGain[path]);
+    const double correction =
+        ratio(frontEnd.corrections[static_cast<std::size_t>(frontEnd.setup.band)].rxGain[path]);
     detected.power += std::min(levels.received[path], most) / correction;
     detected.most += most / correction;
 }

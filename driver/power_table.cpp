@@ -14,7 +14,7 @@ double outputLimit(const FrontEnd &frontEnd, int path)
     int32_t power = setup.transmitters[path].maxPower;
     if (table.count != 0)
         power = static_cast<int32_t>(table.words[lastNotAbove(table, power)]);
-    return power / 10.0 - frontEnd.corrections[setup.band].txPower[path];
+    return power / 10.0 - frontEnd.corrections[static_cast<std::size_t>(setup.band)].txPower[path];
 }
 
 bool allowsPower(const FrontEnd &frontEnd, int16_t power)
