@@ -420,14 +420,16 @@ SOREL_API int32_t radioGetOscillatorDacWidth(RadioContext *context);
 
 /* ---- Debug messages ------------------------------------------------------------------------ */
 
-/* Verbosity of the debug messages, a RadioDebug value. RADIO_DEBUG_NONE after radioOpen(). */
+/* Verbosity of the debug messages, a RadioDebug value. RADIO_DEBUG_NONE after radioOpen(), unless
+ * the driver's own settings ask for messages. */
 SOREL_API int32_t radioGetDebugLevel(RadioContext *context);
 
 /* Sets the verbosity of the debug messages. */
 SOREL_API RadioReturn radioSetDebugLevel(RadioContext *context, RadioDebug level);
 
 /* Sends the debug messages to file, which the driver uses until it is given another or the context
- * is closed, and never closes; null sends them to standard error, as after radioOpen(). */
+ * is closed, and never closes; null sends them where they go after radioOpen(): to standard error,
+ * unless the driver's own settings name another place. */
 SOREL_API RadioReturn radioSetDebugFile(RadioContext *context, FILE *file);
 
 #ifdef __cplusplus
