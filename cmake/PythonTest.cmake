@@ -20,6 +20,7 @@ function(add_shell_test name file executable)
         PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/e2e
         "SORELAPP=${emulator} '${executable}'"
         SOREL_SIMULATION_DIR=$<TARGET_FILE_DIR:sorel_simulation>
+        ODD_DRIVER_DIR=$<TARGET_FILE_DIR:lacking_driver>
         SOREL_FORWARDING_DIR=$<TARGET_FILE_DIR:sorel_forwarding>
         RECORDING_DRIVER_DIR=$<TARGET_FILE_DIR:recording_driver>
         PRELOAD_DIR=$<TARGET_FILE_DIR:preload_no_memory>

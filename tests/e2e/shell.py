@@ -11,6 +11,7 @@ Environment:
     SOREL_TRACED          set: every run is traced, which must change nothing else: the simulated
                           board's calls by itself, the recording driver's by the library in front
     RECORDING_DRIVER_DIR  folder of the recording driver's libsorel.so.1
+    ODD_DRIVER_DIR        folder of the drivers of ../driver/forwarding/
     PRELOAD_DIR           folder of the libraries made from preload/
     SORELAPP_SOURCE_DIR   root of the source tree
 """
@@ -31,6 +32,7 @@ EXECUTABLE = Path(COMMAND[-1])
 SIMULATION = Path(os.environ["SOREL_SIMULATION_DIR"])
 FORWARDING = Path(os.environ["SOREL_FORWARDING_DIR"])
 RECORDING = Path(os.environ["RECORDING_DRIVER_DIR"])
+ODD_DRIVERS = Path(os.environ["ODD_DRIVER_DIR"])
 PRELOAD = Path(os.environ["PRELOAD_DIR"])
 SOURCE = Path(os.environ["SORELAPP_SOURCE_DIR"])
 VERSION = (SOURCE / "VERSION").read_text().strip()

@@ -2,14 +2,12 @@
 """The library in front of another driver: what it hands on, traces, and says when it cannot."""
 
 import re
-import shutil
-import subprocess
 from signal import SIGABRT
 
 import pytest
 from catalogue import (FLOAT, FUNCTIONS, IGNORED, INT32, NAMES, STATUS, STRING, UNSIGNED, call,
                        logged, names)
-from shell import FORWARDING, RECORDING, SIMULATION, in_front_of, run
+from shell import FORWARDING, ODD_DRIVERS, RECORDING, SIMULATION, in_front_of, run
 
 # What the recording driver answers, as the trace has it.
 ANSWERS = {STATUS: "RADIO_ESUCCESS", IGNORED: "RADIO_ESUCCESS", FLOAT: "0.00", INT32: "0",
@@ -155,15 +153,18 @@ def test_a_file_that_is_no_library(tmp_path):
                             SOREL_TRACE_DRIVER=f"{tmp_path}/text.so")
 
 
-def test_a_library_that_lacks_a_function(tmp_path):
-    source, library = tmp_path / "lacking.c", tmp_path / "lacking.so"
-    compiler = shutil.which("cc")
-    assert compiler
-    source.write_text("void *radioOpen(void) { return 0; } int radioClose(void *c) "
-                      "{ return c == 0; }\n")
-    subprocess.run([compiler, "-shared", "-fPIC", str(source), "-o", str(library)], check=True)
+def test_a_driver_that_lacks_a_function():
+    library = ODD_DRIVERS / "lacking_driver.so"
     assert_without_a_driver(rf"'{library}' lacks radioSelectPlatform\(\)",
                             SOREL_TRACE_DRIVER=str(library))
+
+
+def test_calls_inside_the_driver_do_not_come_back(trace):
+    variables = {"SOREL_TRACE_DRIVER": str(ODD_DRIVERS / "self_calling_driver.so"),
+                 "SOREL_SIM_TRACE": str(trace)}
+    ran = run("-c", "radioReset()", driver=FORWARDING, **variables)
+    assert ran.calls == ["radioGetDebugLevel(context1)", "recordedReset(context1)"]
+    assert trace.read_text().splitlines()[1:-1] == ["radioReset() = RADIO_ESUCCESS"]
 
 
 def test_the_library_itself_is_no_driver(tmp_path):
