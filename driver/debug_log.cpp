@@ -68,8 +68,8 @@ void startDebugLog()
         firstLevel = RADIO_DEBUG_ERROR;
     if (level && !parseLevel(level, firstLevel))
         complain(levelVariable,
-                 "'%s' is no level; none, error, warn, info, debug and trace are. Taking error",
-                 level);
+                 {"'", level,
+                  "' is no level; none, error, warn, info, debug and trace are. Taking error"});
 }
 
 RadioDebug environmentLevel()

@@ -36,55 +36,10 @@ constexpr Function row(std::string_view name, Result (*)(Parameters...))
 }
 
 // The kind of the result follows from the declaration.
-#define ROW(function) row(#function, function)
-
 const Function functions[] = {
-    ROW(radioSelectPlatform),
-    ROW(radioOpen),
-    ROW(radioClose),
-    ROW(radioSelect),
-    ROW(radioInit),
-    ROW(radioInitByScript),
-    ROW(radioCpriInit),
-    ROW(radioReset),
-    ROW(radioLoadCalibrationFile),
-    ROW(radioGetIntegerFromCalibration),
-    ROW(radioGetStringFromCalibration),
-    ROW(radioGetPlatformChipCount),
-    ROW(radioGetPlatformName),
-    ROW(radioVersion),
-    ROW(radioGetDriverNames),
-    ROW(radioSetTxFrequency),
-    ROW(radioSetTxChannel),
-    ROW(radioSetTxState),
-    ROW(radioSetTxStateOfAntenna),
-    ROW(radioSetTxMaxPower),
-    ROW(radioSetTxMaxPowerOfAntenna),
-    ROW(radioSetTxDcOffset),
-    ROW(radioSetTxPowerRegisters),
-    ROW(radioSetRxFrequency),
-    ROW(radioSetRxChannel),
-    ROW(radioSetRxState),
-    ROW(radioSetRxStateOfAntenna),
-    ROW(radioSetRxGain),
-    ROW(radioSetRxGainMode),
-    ROW(radioSetRxGainRegisters),
-    ROW(radioSetLoopback),
-    ROW(radioGetTemperature),
-    ROW(radioGetRxRtwp),
-    ROW(radioGetRxRtwpIndBm),
-    ROW(radioGetRxRtwpOfAntenna),
-    ROW(radioGetRxRtwpOfAntennaIndBm),
-    ROW(radioGetRxGainIndB),
-    ROW(radioGetRxGainOfAntennaIndB),
-    ROW(radioSpiRead),
-    ROW(radioSpiWrite),
-    ROW(radioSetOscillatorDacValue),
-    ROW(radioGetOscillatorDacValue),
-    ROW(radioGetOscillatorDacWidth),
-    ROW(radioGetDebugLevel),
-    ROW(radioSetDebugLevel),
-    ROW(radioSetDebugFile),
+#define FUNCTION(name) row(#name, name),
+#include "functions.inc"
+#undef FUNCTION
 };
 
 } // namespace

@@ -19,11 +19,11 @@ bool findFunctions(void *library, const char *path, std::span<Forwarded> functio
     for (Forwarded &function : functions) {
         function.target = dlsym(library, function.name);
         if (!function.target) {
-            complain(driverVariable, "'%s' lacks %s()", path, function.name);
+            complain(driverVariable, {"'", path, "' lacks ", function.name, "()"});
             return false;
         }
         if (function.target == function.own) {
-            complain(driverVariable, "'%s' is the tracing library itself, not a driver", path);
+            complain(driverVariable, {"'", path, "' is the tracing library itself, not a driver"});
             return false;
         }
     }
@@ -34,14 +34,14 @@ bool findDriver(std::span<Forwarded> functions)
 {
     const char *const path = setting(driverVariable);
     if (!path) {
-        complain(driverVariable, "not set; it has to name the driver's file");
+        complain(driverVariable, {"not set; it has to name the driver's file"});
         return false;
     }
     // Its functions have the names of ours. RTLD_LOCAL leaves the callers' calls to us, and
     // RTLD_DEEPBIND lets those among the driver's own functions reach each other directly.
     void *const library = dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
     if (!library) {
-        complain(driverVariable, "cannot load the driver: %s", dlerror());
+        complain(driverVariable, {"cannot load the driver: ", dlerror()});
         return false;
     }
     return findFunctions(library, path, functions);

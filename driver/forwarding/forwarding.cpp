@@ -16,9 +16,9 @@ namespace
 {
 
 enum Index {
-#define FORWARD(name) name##Index,
-#include "functions.inc"
-#undef FORWARD
+#define FUNCTION(name) name##Index,
+#include "../functions.inc"
+#undef FUNCTION
     functionCount
 };
 
@@ -81,9 +81,10 @@ constexpr auto forwarderOf(Result (*)(Parameters...))
 }
 
 Forwarded functions[functionCount] = {
-#define FORWARD(name) {#name, reinterpret_cast<void *>(forwarderOf<name##Index>(&name)), nullptr},
-#include "functions.inc"
-#undef FORWARD
+#define FUNCTION(name)                                                                             \
+    {#name, reinterpret_cast<void *>(forwarderOf<name##Index>(&(name))), nullptr},
+#include "../functions.inc"
+#undef FUNCTION
 };
 
 } // namespace
@@ -94,13 +95,15 @@ using namespace sorel;
 
 // C++ has no way to define a function by the type that sorel.h declares it with. An indirect
 // function is defined by a declaration alone: the loader asks the resolver for its address.
+// clang-tidy would have the name there in parentheses, of which GCC warns.
 extern "C" {
-#define FORWARD(name)                                                                              \
-    [[gnu::used]] static decltype(&name) name##Resolver()                                          \
+#define FUNCTION(name)                                                                             \
+    decltype(&(name)) resolve_##name()                                                             \
     {                                                                                              \
-        return forwarderOf<name##Index>(&name);                                                    \
+        return forwarderOf<name##Index>(&(name));                                                  \
     }                                                                                              \
-    decltype(name) name __attribute__((ifunc(#name "Resolver")));
-#include "functions.inc"
-#undef FORWARD
+    decltype(name) name /* NOLINT(bugprone-macro-parentheses) */                                   \
+        __attribute__((ifunc("resolve_" #name)));
+#include "../functions.inc"
+#undef FUNCTION
 }

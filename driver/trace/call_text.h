@@ -32,13 +32,12 @@ struct Nothing {
 // Whether a parameter is a place where the function stores what it finds. In this interface such
 // parameters come last.
 template <class Parameter>
-constexpr bool isResult = false;
-
-template <class Value>
-constexpr bool isResult<Value *> = std::is_arithmetic_v<Value> || std::is_pointer_v<Value>;
-
-template <class Value>
-constexpr bool isResult<const Value *> = false;
+constexpr bool isResult()
+{
+    using Value = std::remove_pointer_t<Parameter>;
+    return std::is_pointer_v<Parameter> && !std::is_const_v<Value> &&
+           (std::is_arithmetic_v<Value> || std::is_pointer_v<Value>);
+}
 
 inline bool isSuccess(RadioReturn status)
 {
@@ -98,7 +97,7 @@ public:
     template <class Argument>
     void putGiven(Argument argument)
     {
-        if constexpr (std::is_same_v<Argument, RadioContext *> || isResult<Argument>) {
+        if constexpr (std::is_same_v<Argument, RadioContext *> || isResult<Argument>()) {
             return;
         } else if constexpr (std::is_same_v<Argument, const uint32_t *>) {
             words = argument;
@@ -115,7 +114,7 @@ public:
     template <class Argument>
     void putFound(Argument argument, bool isFound)
     {
-        if constexpr (isResult<Argument>) {
+        if constexpr (isResult<Argument>()) {
             line.put(", ");
             if (!argument)
                 line.put("null");
@@ -160,7 +159,7 @@ void putCall(Line &line, const Style &style, const char *function, Arguments... 
     line.put('(');
     ArgumentList list(line, style);
     (list.putGiven(arguments), ...);
-    if constexpr (!(isResult<Arguments> || ...))
+    if constexpr (!(isResult<Arguments>() || ...))
         line.put(')');
 }
 
@@ -171,7 +170,7 @@ void putOutcome(Line &line, const Style &style, [[maybe_unused]] bool isFound,
 {
     ArgumentList list(line, style);
     (list.putFound(arguments, isFound), ...);
-    if constexpr ((isResult<Arguments> || ...))
+    if constexpr ((isResult<Arguments>() || ...))
         line.put(')');
     line.put(" = ");
 }

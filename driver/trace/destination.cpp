@@ -3,7 +3,6 @@
 #include "destination.h"
 
 #include <cerrno>
-#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -38,13 +37,11 @@ const char *setting(const char *variable)
     return value && *value ? value : nullptr;
 }
 
-void complain(const char *variable, const char *format, ...)
+void complain(const char *variable, std::initializer_list<const char *> texts)
 {
     std::fprintf(stderr, "libsorel: %s: ", variable);
-    va_list arguments;
-    va_start(arguments, format);
-    std::vfprintf(stderr, format, arguments);
-    va_end(arguments);
+    for (const char *text : texts)
+        std::fputs(text, stderr);
     std::fputc('\n', stderr);
 }
 
@@ -55,7 +52,7 @@ int openDestination(const char *variable, const char *path)
     const int descriptor =
         aboveTheStandardOnes(open(path, O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666));
     if (descriptor < 0)
-        complain(variable, "cannot open '%s': %s", path, std::strerror(errno));
+        complain(variable, {"cannot open '", path, "': ", std::strerror(errno)});
     return descriptor;
 }
 
@@ -67,7 +64,7 @@ void DescriptorOutput::write(std::string_view bytes)
         if (count >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(count));
         } else if (errno != EINTR) {
-            complain(name, "cannot write: %s", std::strerror(errno));
+            complain(name, {"cannot write: ", std::strerror(errno)});
             descriptor = -1;
         }
     }

@@ -5,15 +5,17 @@
 
 #include "line.h"
 
+#include <initializer_list>
+
 namespace sorel
 {
 
 // The value of an environment variable; null where it is not set, or empty.
 const char *setting(const char *variable);
 
-// Says something, as std::printf() does, in a line of its own on standard error, behind the names
+// Says these texts, one after the other, in a line of their own on standard error, behind the names
 // of the library and the variable.
-__attribute__((format(printf, 2, 3))) void complain(const char *variable, const char *format, ...);
+void complain(const char *variable, std::initializer_list<const char *> texts);
 
 // Opens the file that a variable names by that path, emptied, for writing at its end. Returns its
 // descriptor; standard error's for "-". Where it cannot be opened it says so, and returns -1.

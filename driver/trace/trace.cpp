@@ -64,7 +64,7 @@ void Trace::putResult(Line &line, const Style &, RadioContext *context)
     try {
         contexts.opened(context);
     } catch (const std::bad_alloc &) {
-        complain(variableName, "no memory left for the numbers of contexts");
+        complain(variableName, {"no memory left for the numbers of contexts"});
         output.start(-1, variableName);
     }
     line.put("context ");

@@ -1,5 +1,6 @@
 /* SPDX-License-Identifier: LicenseRef-Proprietary */
-/* Calls each function of the interface, some in ways that scripts cannot. Its trace is looked at. */
+/* Calls each function of the interface, some in ways that scripts cannot. Its trace is looked at.
+ */
 #include "sorel.h"
 
 #include <stdlib.h>
