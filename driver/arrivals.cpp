@@ -2,7 +2,6 @@
 // The scenario's signals as they arrive in the receivers' channel.
 #include "arrivals.h"
 
-#include "decibel.h"
 #include "synthesiser.h"
 
 #include <algorithm>
@@ -22,7 +21,7 @@ double shareInside(const Signal &signal, uint32_t frequency, uint32_t bandwidth)
     const int64_t high = std::min(centre + bandwidth, signalCentre + signal.bandwidth);
     if (high < low)
         return 0;
-    if (signal.bandwidth == 0)
+    if (high - low == int64_t{signal.bandwidth} * 2) // a bare carrier too
         return 1;
     return static_cast<double>(high - low) / (2.0 * signal.bandwidth);
 }
@@ -49,9 +48,7 @@ void listen(FrontEnd &frontEnd)
         if (frontEnd.now < signal.start || frontEnd.now >= signal.end)
             continue;
         const double share = shareInside(signal, frequency, frontEnd.setup.mode->bandwidth);
-        if (share <= 0) // most signals of a busy band: what follows takes its time
-            continue;
-        const double power = milliwatts(signal.power) * share;
+        const double power = signal.power * share;
         for (int path = 0; path < 2; ++path)
             if (signal.antennas >> path & 1)
                 arrivals.power[path] += power;

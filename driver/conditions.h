@@ -20,6 +20,7 @@ struct StuckRegister {
 };
 
 struct Conditions {
+    bool areAny = false;       // whether any of the following is there
     bool txNeverLocks = false; // the transmit synthesiser
     bool rxNeverLocks = false;
     bool forcesTemperature = false;

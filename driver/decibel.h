@@ -16,6 +16,20 @@ inline double ratio(double decibels)
     return std::exp(decibels * lnPerDecibel);
 }
 
+// A ratio with its decibels, for one that is asked for over and over with the same: exp() takes
+// longer than all that a call does besides.
+struct KeptRatio {
+    double decibels = 0;
+    double value = 1;
+};
+
+inline double ratio(KeptRatio &kept, double decibels)
+{
+    if (kept.decibels != decibels)
+        kept = {decibels, ratio(decibels)};
+    return kept.value;
+}
+
 inline double milliwatts(double dBm)
 {
     return ratio(dBm);

@@ -27,7 +27,6 @@ struct Course {
 
 std::shared_ptr<const Scenario> scenario;
 std::vector<Course> courses; // by the index of the fault
-Conditions conditions;       // of the present call
 
 // The same for the same seed, whatever else is called and whichever faults there are besides.
 bool isDrawn(const Fault &fault, uint64_t index, uint64_t call)
@@ -59,8 +58,9 @@ uint32_t stuckValue(const Fault &fault, Course &course, FrontEnd &frontEnd)
     return fault.hasValue ? fault.value : course.value;
 }
 
-void addCondition(const Fault &fault, Course &course, FrontEnd &frontEnd)
+void addTo(Conditions &conditions, const Fault &fault, Course &course, FrontEnd &frontEnd)
 {
+    conditions.areAny = true;
     if (fault.effect == Effect::StuckRegister)
         conditions.stuck[conditions.stuckCount++] = {fault.address,
                                                      stuckValue(fault, course, frontEnd)};
@@ -76,10 +76,10 @@ void addCondition(const Fault &fault, Course &course, FrontEnd &frontEnd)
 
 void updateConditions(FrontEnd &frontEnd)
 {
-    conditions = {};
+    Conditions conditions;
     for (std::size_t i = 0; i < courses.size(); ++i)
-        if (courses[i].isActive)
-            addCondition(scenario->faults[i], courses[i], frontEnd);
+        if (courses[i].isActive && !isAnswer(scenario->faults[i].effect))
+            addTo(conditions, scenario->faults[i], courses[i], frontEnd);
     impose(frontEnd, conditions);
 }
 
@@ -96,24 +96,26 @@ const Fault *countCall(const char *function, FrontEnd *frontEnd)
 {
     const std::string_view called = function; // its length, found once, tells most faults apart
     const Fault *answering = nullptr;
+    bool isAnyActive = false;
     for (std::size_t i = 0; i < courses.size(); ++i) {
         const Fault &fault = scenario->faults[i];
         Course &course = courses[i];
-        if (fault.function.empty() ? !frontEnd : fault.function != called)
-            continue;
-        course.isActive = isActiveAt(fault, i, ++course.calls);
-        course.isHeld = course.isHeld && course.isActive;
-        if (course.isActive && isAnswer(fault.effect) && !answering)
-            answering = &fault;
+        if (fault.function.empty() ? frontEnd != nullptr : fault.function == called) {
+            course.isActive = isActiveAt(fault, i, ++course.calls);
+            course.isHeld = course.isHeld && course.isActive;
+            if (course.isActive && isAnswer(fault.effect) && !answering)
+                answering = &fault;
+        }
+        isAnyActive |= course.isActive;
     }
-    if (frontEnd)
+    if (frontEnd && (isAnyActive || frontEnd->conditions.areAny))
         updateConditions(*frontEnd);
     return answering;
 }
 
 void holdStuckRegisters(FrontEnd &frontEnd)
 {
-    frontEnd.conditions = conditions;
+    const Conditions conditions = frontEnd.conditions;
     frontEnd.conditions.stuckCount = 0; // what is put back is the state behind the registers
     for (int i = 0; i < conditions.stuckCount; ++i) {
         const StuckRegister &stuck = conditions.stuck[i];

@@ -34,7 +34,7 @@ inline const Fault *befall(const char *function, FrontEnd *frontEnd = nullptr)
 // To be called after the body: what is stuck has not changed.
 inline void endure(FrontEnd &frontEnd)
 {
-    if (anyFaults)
+    if (frontEnd.conditions.stuckCount != 0)
         holdStuckRegisters(frontEnd);
 }
 

@@ -41,29 +41,46 @@ bool isInside(const FrequencyRange &inner, const FrequencyRange &outer)
     return inner.low >= outer.low && inner.high <= outer.high;
 }
 
-Setup freshSetup(const Platform &platform, RadioConf configuration, const Mode &mode,
-                 RadioBand band)
+struct BandRanges {
+    FrequencyRange tx;
+    FrequencyRange rx;
+};
+
+BandRanges rangesOf(const Mode &mode, RadioBand band)
 {
-    const bool isBaseStation = mode.role == Role::BaseStation;
     const FrequencyRange downlink = bandRange(mode.airInterface, band, Direction::Downlink);
     const FrequencyRange uplink = bandRange(mode.airInterface, band, Direction::Uplink);
-    Setup setup = {};
+    return mode.role == Role::BaseStation ? BandRanges{downlink, uplink}
+                                          : BandRanges{uplink, downlink};
+}
+
+void startPath(const Platform &platform, Setup &setup, int path)
+{
+    setup.transmitters[path] = {RADIO_STATE_DISABLE, platform.highestPower, 0, 0};
+    setup.receivers[path] = {RADIO_STATE_ENABLE,
+                             RADIO_RX_GAIN_MGC,
+                             platform.highestGain,
+                             platform.highestGain - platform.lowestGain,
+                             true,
+                             false};
+}
+
+void startSetup(FrontEnd &frontEnd, RadioConf configuration, const Mode &mode, RadioBand band,
+                const BandRanges &ranges)
+{
+    Setup &setup = frontEnd.setup;
+    setup = {};
     setup.mode = &mode;
     setup.configuration = configuration;
     setup.band = band;
-    setup.txRange = isBaseStation ? downlink : uplink;
-    setup.rxRange = isBaseStation ? uplink : downlink;
+    setup.txRange = ranges.tx;
+    setup.rxRange = ranges.rx;
     setup.loopback = RADIO_NO_LOOPBACK;
-    for (int path = 0; path < pathCountOf(configuration); ++path) {
-        setup.transmitters[path] = {RADIO_STATE_DISABLE, platform.highestPower, 0, 0};
-        setup.receivers[path] = {RADIO_STATE_ENABLE,
-                                 RADIO_RX_GAIN_MGC,
-                                 platform.highestGain,
-                                 platform.highestGain - platform.lowestGain,
-                                 true,
-                                 false};
-    }
-    return setup;
+    for (int path = 0; path < pathCountOf(configuration); ++path)
+        startPath(*frontEnd.platform, setup, path);
+    program(frontEnd, setup.txSynthesiser, centreOf(ranges.tx));
+    program(frontEnd, setup.rxSynthesiser, centreOf(ranges.rx));
+    frontEnd.arrivals = {};
 }
 
 // Everything starts afresh but for what passes on outside of the hardware: time, temperature and
@@ -133,8 +150,8 @@ Outcome setUp(FrontEnd &frontEnd, const Platform &platform, RadioConf configurat
     const Outcome outcome = checkSetup(frontEnd, platform, paths, modeOf(mode), band);
     if (isRefused(outcome))
         return outcome;
-    const Setup setup = freshSetup(platform, configuration, modeOf(mode), band);
-    if (!isInside(setup.txRange, platform.tuning) || !isInside(setup.rxRange, platform.tuning))
+    const BandRanges ranges = rangesOf(modeOf(mode), band);
+    if (!isInside(ranges.tx, platform.tuning) || !isInside(ranges.rx, platform.tuning))
         return refused(RADIO_ENOTSUP, "the band is beyond the platform's tuning range");
 
     const bool isOther = &platform != frontEnd.platform;
@@ -144,10 +161,7 @@ Outcome setUp(FrontEnd &frontEnd, const Platform &platform, RadioConf configurat
         replaceHardware(frontEnd, platform);
         frontEnd.selected = selected;
     }
-    frontEnd.setup = setup;
-    frontEnd.arrivals = {};
-    program(frontEnd, frontEnd.setup.txSynthesiser, centreOf(setup.txRange));
-    program(frontEnd, frontEnd.setup.rxSynthesiser, centreOf(setup.rxRange));
+    startSetup(frontEnd, configuration, modeOf(mode), band, ranges);
     if (dropsLink)
         return warned("the CPRI link of the former platform is down");
     if (isRefused(requireSelected(frontEnd)))

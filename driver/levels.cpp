@@ -31,13 +31,13 @@ double quantisationNoise(const Platform &platform)
     return fullScale / (1.5 * steps * steps);
 }
 
-double noiseFactor(const FrontEnd &frontEnd, int path)
+double noiseFactor(FrontEnd &frontEnd, int path)
 {
     const Platform &platform = *frontEnd.platform;
     const double below = platform.highestGain - gainOf(frontEnd, frontEnd.setup.receivers[path]);
     const double warmer = temperatureReading(frontEnd) / 16.0 - 25;
-    return ratio(platform.noiseFigure + platform.noisePerGain * below +
-                 platform.noisePerDegree * std::max(warmer, 0.0));
+    return ratio(frontEnd.ratios.noise[path], platform.noiseFigure + platform.noisePerGain * below +
+                                                  platform.noisePerDegree * std::max(warmer, 0.0));
 }
 
 double isolation(const FrontEnd &frontEnd)
@@ -58,19 +58,19 @@ bool isOn(const FrontEnd &frontEnd, int path)
     return frontEnd.setup.receivers[path].state == RADIO_STATE_ENABLE && isRxLocked(frontEnd);
 }
 
-double transmitted(const FrontEnd &frontEnd, int path)
+double transmitted(FrontEnd &frontEnd, int path)
 {
     const Transmitter &transmitter = frontEnd.setup.transmitters[path];
     if (transmitter.state != RADIO_STATE_ENABLE || !isTxLocked(frontEnd))
         return 0;
-    const double limit = milliwatts(outputLimit(frontEnd, path));
+    const double limit = ratio(frontEnd.ratios.output[path], outputLimit(frontEnd, path));
     if (frontEnd.setup.loopback != RADIO_RX_TO_TX_LOOPBACK)
         return limit;
     const Levels &levels = frontEnd.levels;
     return isOn(frontEnd, path) ? std::min(limit, levels.received[path] * levels.gain[path]) : 0;
 }
 
-double received(const FrontEnd &frontEnd, int path)
+double received(FrontEnd &frontEnd, int path)
 {
     const Mode &mode = *frontEnd.setup.mode;
     const Levels &levels = frontEnd.levels;
@@ -96,7 +96,8 @@ void refreshLevels(FrontEnd &frontEnd)
     listen(frontEnd);
     const bool isRepeater = frontEnd.setup.loopback == RADIO_RX_TO_TX_LOOPBACK;
     for (int path = 0; path < pathCount(frontEnd); ++path) {
-        levels.gain[path] = ratio(gainOf(frontEnd, frontEnd.setup.receivers[path]));
+        levels.gain[path] =
+            ratio(frontEnd.ratios.gain[path], gainOf(frontEnd, frontEnd.setup.receivers[path]));
         if (isRepeater)
             levels.received[path] = received(frontEnd, path);
         levels.output[path] = transmitted(frontEnd, path);

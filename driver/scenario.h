@@ -25,7 +25,7 @@ enum class Clock { Calls, Wall };
 struct Signal {
     uint32_t frequency; // of its centre, in Hz
     uint32_t bandwidth; // in Hz, its power spread evenly over it; 0: a bare carrier
-    double power;       // in dBm
+    double power;       // in mW
     int antennas;       // bit n: the receive antenna of value n
     int64_t start;      // the first instant at which it is there
     int64_t end;        // the first at which it no longer is

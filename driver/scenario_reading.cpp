@@ -3,6 +3,7 @@
 #include "scenario_reading.h"
 
 #include "conditions.h"
+#include "decibel.h"
 #include "fault_reading.h"
 #include "parse_number.h"
 #include "registers.h"
@@ -55,6 +56,7 @@ Signal readSignal(Reading &reading, const toml::table &table)
 {
     Signal signal = {0, 0, 0, bothAntennas, 0, forever};
     readKeys(reading, table, " in [[signals]]", signalKeys, signal);
+    signal.power = milliwatts(signal.power); // read in dBm
     return signal;
 }
 
