@@ -92,6 +92,22 @@ TEST_F(Time, with_the_wall_clock_it_follows_real_time)
     EXPECT_GE(steady_clock::now() - start, 300ms);
 }
 
+TEST_F(Time, with_the_wall_clock_a_scripts_delay_is_waited_for)
+{
+    using namespace std::chrono;
+    const std::string script = file("delay 100 ms\n");
+    const auto bringUp = [&] {
+        const auto start = steady_clock::now();
+        EXPECT_EQ(radioInitByScript(context, RADIO_CONF_SISO, RADIO_MODE_4GENODEB_FDD_20MHZ,
+                                    RADIO_BAND_7, script.c_str()),
+                  RADIO_ESUCCESS);
+        return steady_clock::now() - start;
+    };
+    openWithSignalAt("0.1", "clock = \"wall\"");
+    EXPECT_GE(bringUp(), 100ms);
+    EXPECT_TRUE(hears());
+}
+
 TEST_F(Time, with_the_wall_clock_it_passes_while_nothing_is_called)
 {
     openWithSignalAt("0.1", "clock = \"wall\"");
