@@ -120,11 +120,11 @@ void AnyArguments::expectAgreement()
     const float temperature = radioGetTemperature(context);
     // In the time of a call it may go on by a step of the converter.
     ASSERT_NEAR(temperature, static_cast<int32_t>(at(TEMPERATURE)) / 16.0, 1.0 / 16);
-    wait(1000); // until gain control has settled
+    expectSynthesisersAgree(); // tunes, which sets gain control going
+    wait(1000);                // until it has settled
     expectPathAgrees(0);
     if (at(IDENTITY) != 0x534f5200u + uint32_t{RADIO_PLATFORM_BELLAN})
         expectPathAgrees(1);
-    expectSynthesisersAgree();
     expectTableHolds(GAIN_TABLE, GAIN_TABLE_COUNT, 0, 760);
     expectTableHolds(POWER_TABLE, POWER_TABLE_COUNT, -600, 270);
     const uint32_t selected = at(SELECTED);

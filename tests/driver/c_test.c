@@ -1,9 +1,14 @@
 /* SPDX-License-Identifier: LicenseRef-Proprietary */
-/* The header and the library as a C99 program sees them. */
+/* The header and the library as a C99 program sees them: brings a board up, and tries what a
+ * scenario does to it. */
+#define _POSIX_C_SOURCE 200809L
+
 #include "sorel.h"
 
 #include <math.h>
+#include <stdlib.h>
 #include <string.h>
+#include <unistd.h>
 
 static int failures = 0;
 
@@ -43,6 +48,55 @@ static void bringUp(RadioContext *context)
     CHECK(radioSetTxState(context, RADIO_STATE_ENABLE) == RADIO_ESUCCESS);
 }
 
+/* A strong signal from 10 ms on, and a bus that fails once. */
+static const char scenario[] = "[[signals]]\n"
+                               "frequency = 2535000000\n"
+                               "bandwidth = 18000000\n"
+                               "power = -40\n"
+                               "start = 0.010\n"
+                               "[[faults]]\n"
+                               "function = \"radioSpiWrite\"\n"
+                               "first = 2\n"
+                               "calls = 1\n"
+                               "status = \"RADIO_EIO\"\n";
+
+static RadioContext *openInScenario(void)
+{
+    char path[] = "/tmp/sorel_c_test.XXXXXX";
+    const int descriptor = mkstemp(path);
+    RadioContext *context;
+
+    CHECK(descriptor >= 0 &&
+          write(descriptor, scenario, sizeof scenario - 1) == (ssize_t)sizeof scenario - 1);
+    CHECK(setenv("SOREL_SIM_SCENARIO", path, 1) == 0);
+    context = radioOpen();
+    unsetenv("SOREL_SIM_SCENARIO");
+    unlink(path);
+    close(descriptor);
+    return context;
+}
+
+static void tryScenario(void)
+{
+    RadioContext *context = openInScenario();
+    int call;
+
+    CHECK(context != NULL);
+    bringUp(context);
+    CHECK(radioGetRxGainIndB(context) == 72);
+    for (call = 0; call < 1000; ++call) {
+        radioGetTemperature(context);
+    }
+    CHECK(fabsf(radioGetRxRtwpOfAntennaIndBm(context, RADIO_RX_ANTENNA_1) + 40) < 1);
+    CHECK(radioGetRxGainIndB(context) < 30);
+
+    CHECK(radioSpiWrite(context, 0x10, 1) == RADIO_ESUCCESS);
+    CHECK(radioSpiWrite(context, 0x10, 2) == RADIO_EIO);
+    CHECK(radioSpiRead(context, 0x10) == 1);
+    CHECK(radioSpiWrite(context, 0x10, 3) == RADIO_ESUCCESS);
+    CHECK(radioClose(context) == RADIO_ESUCCESS);
+}
+
 int main(void)
 {
     RadioContext *context;
@@ -66,5 +120,7 @@ int main(void)
     CHECK(radioSpiRead(context, 0x20) == 2655000000u);
     CHECK(radioClose(context) == RADIO_ESUCCESS);
     CHECK(radioClose(context) == RADIO_EINVAL);
+
+    tryScenario();
     return failures == 0 ? 0 : 1;
 }
