@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // Calibration files: what is read from them, and that anything else is refused.
+#include "hostile_texts.h"
 #include "radio_test.h"
 
 #include <cstdint>
-#include <random>
 
 #include <sys/stat.h>
 
@@ -157,23 +157,14 @@ TEST_F(Calibration, only_a_regular_file_is_read)
 
 TEST_F(Calibration, arbitrary_bytes_are_refused_or_loaded_but_never_crash)
 {
-    std::mt19937 engine(20261121);
-    const auto random = [&] { return static_cast<uint32_t>(engine()); };
-    const std::string good =
-        "[integers]\nn = 1\nm = 0x7f\n[strings]\ns = \"a\\n\\u00e9\"\nt = '''b'''\n";
+    HostileTexts texts("platform = \"default\"\nserial = 1\n[integers]\nn = 1\nm = 0x7f\n"
+                       "[strings]\ns = \"a\\n\\u00e9\"\nt = '''b'''\n"
+                       "[[bands]]\nband = \"RADIO_BAND_7\"\nrx_gain = [0.5, -1]\ntx_power = 2\n");
+    const std::string path = file("");
     int refused = 0;
     for (int i = 0; i < 3000; ++i) {
-        std::string content = i % 3 == 0 ? std::string() : good;
-        if (i % 3 == 0) // nothing but noise
-            for (uint32_t length = random() % 200; length > 0; --length)
-                content += static_cast<char>(random() & 0xff);
-        else if (i % 3 == 1) // a good file with some bytes changed
-            for (uint32_t count = 1 + random() % 4; count > 0; --count)
-                content[random() % content.size()] = static_cast<char>(random() & 0xff);
-        else // a good file cut off and pieced together
-            content = content.substr(0, random() % content.size()) +
-                      content.substr(random() % content.size());
-        const RadioReturn status = load(content);
+        texts.writeNext(path);
+        const RadioReturn status = radioLoadCalibrationFile(context, path.c_str());
         ASSERT_TRUE(status == RADIO_EINVAL || status == RADIO_ESUCCESS) << status;
         refused += status == RADIO_EINVAL;
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // Initialisation scripts: done as a whole, or not at all.
+#include "hostile_texts.h"
 #include "radio_test.h"
 
 namespace sorel_tests
@@ -158,6 +159,23 @@ TEST_F(Script, a_refused_script_keeps_the_former_initialisation)
     EXPECT_EQ(run("nonsense"), RADIO_EINVAL);
     EXPECT_EQ(run("write 0x999 1"), RADIO_EINVAL);
     EXPECT_EQ(at(SETUP), setup);
+}
+
+TEST_F(Script, arbitrary_bytes_are_refused_or_run_but_never_crash)
+{
+    HostileTexts texts("# bring-up\nwrite 0x10 1\nwrite 66 30\ndelay 100 us\n"
+                       "check 0x23 3\ncheck 1 1 0xff\nwrite 0x30 1\ndelay 1 ms\n");
+    const std::string path = file("");
+    int refused = 0;
+    for (int i = 0; i < 3000; ++i) {
+        texts.writeNext(path);
+        const RadioReturn status = radioInitByScript(
+            context, RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7, path.c_str());
+        ASSERT_TRUE(status >= RADIO_ESUCCESS && status <= RADIO_EERROR) << status;
+        refused += status != RADIO_ESUCCESS;
+    }
+    EXPECT_GT(refused, 1000);
+    EXPECT_LT(refused, 3000);
 }
 
 TEST_F(Script, the_initialisation_is_refused_as_without_a_script)
