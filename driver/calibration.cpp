@@ -162,7 +162,13 @@ Outcome read(const std::string &text, Board &board, File &file)
     return reading.mistakes.empty() ? done() : refusedFor(board.calibration, reading.mistakes);
 }
 
-constexpr Outcome nullPointer = refused(RADIO_EINVAL, "a null pointer");
+// Refuses what a getter cannot do without.
+Outcome checkPointers(const void *name, const void *place)
+{
+    if (!name)
+        return refused(RADIO_EINVAL, "the name is a null pointer");
+    return place ? done() : refused(RADIO_EINVAL, "the place for the value is a null pointer");
+}
 
 template <class Map>
 auto find(Map &map, const char *name)
@@ -175,7 +181,7 @@ auto find(Map &map, const char *name)
 Outcome loadCalibration(Board &board, const char *path)
 {
     if (!path)
-        return nullPointer;
+        return refused(RADIO_EINVAL, "the path is a null pointer");
     std::string text;
     if (const Outcome outcome = readFile(path, text); isRefused(outcome))
         return outcome;
@@ -194,8 +200,8 @@ Outcome loadCalibration(Board &board, const char *path)
 
 Outcome findInteger(const Calibration &calibration, const char *name, int32_t *value)
 {
-    if (!name || !value)
-        return nullPointer;
+    if (const Outcome outcome = checkPointers(name, value); isRefused(outcome))
+        return outcome;
     const auto found = find(calibration.integers, name);
     if (found == calibration.integers.end())
         return refused(RADIO_EINVAL, "no integer of that name");
@@ -205,8 +211,8 @@ Outcome findInteger(const Calibration &calibration, const char *name, int32_t *v
 
 Outcome findString(const Calibration &calibration, const char *name, const char **value)
 {
-    if (!name || !value)
-        return nullPointer;
+    if (const Outcome outcome = checkPointers(name, value); isRefused(outcome))
+        return outcome;
     const auto found = find(calibration.strings, name);
     if (found == calibration.strings.end())
         return refused(RADIO_EINVAL, "no text of that name");

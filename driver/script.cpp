@@ -168,7 +168,7 @@ Outcome setUpByScript(FrontEnd &frontEnd, const Platform &platform, RadioConf co
                       RadioMode mode, RadioBand band, const char *path)
 {
     if (!path)
-        return refused(RADIO_EINVAL, "a null pointer");
+        return refused(RADIO_EINVAL, "the path is a null pointer");
     std::string text;
     if (const Outcome outcome = readFile(path, text); isRefused(outcome))
         return outcome;

@@ -82,7 +82,7 @@ TEST_F(DebugLog, at_error_a_refused_call_says_function_arguments_and_cause)
                       "RADIO_EINVAL: argument 2 is not a RadioMode\n");
     radioLoadCalibrationFile(context, nullptr);
     EXPECT_EQ(said(), "libsorel: error: radioLoadCalibrationFile(null) = RADIO_EINVAL: "
-                      "a null pointer\n");
+                      "the path is a null pointer\n");
     init();
     EXPECT_EQ(said(), "");
 }

@@ -10,6 +10,12 @@
 namespace sorel_tests
 {
 
+// A fault of that function, with these lines besides.
+inline std::string fault(const std::string &function, const std::string &lines)
+{
+    return "[[faults]]\nfunction = \"" + function + "\"\n" + lines + "\n";
+}
+
 class ScenarioTest : public RadioTest
 {
 protected:

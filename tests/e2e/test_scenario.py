@@ -1,8 +1,10 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
 """Scenario files of the simulated board, through the shell."""
 
+import re
+
 import pytest
-from shell import PROMPT, SIMULATION, prompt, run, type_line
+from shell import PROMPT, SIMULATION, SOURCE, pipe, prompt, run, type_line
 
 INIT = "radioInit(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7)"
 
@@ -98,3 +100,45 @@ def test_the_platform_of_the_scenario_is_the_one_that_is_there(scenario):
     ran = run("-c", text, **setting)
     assert (ran.out, ran.err) == (
         "simulated Merrik\nfalse\tradioInit() did not return success\n", "")
+
+
+def tried(name):
+    """Types what the ready scenario of that name says to try; returns what that prints, and what it
+    says on standard error."""
+    path = SOURCE / "driver/scenarios" / f"{name}.toml"
+    lines = re.findall(r"^#(?: Try:|     ) (.*)$", path.read_text(), re.MULTILINE)
+    assert lines, path
+    ran = pipe(*lines, driver=SIMULATION, SOREL_SIM_SCENARIO=str(path))
+    return ran.out.replace(PROMPT, "").splitlines(), ran.err
+
+
+def test_in_the_busy_band_gain_follows_the_signals():
+    printed, err = tried("busy_band")
+    gains = [int(line.split()[1]) for line in printed]
+    assert err == ""
+    assert max(gains) - min(gains) > 30
+
+
+def test_with_the_failing_synthesiser_no_transmitter_can_be_switched_on():
+    assert tried("failing_synthesiser") == (
+        4 * ["true"], 'failed to process stdin: "radioSetTxState() did not return success"\n')
+
+
+def test_on_the_flaky_bus_some_writes_fail():
+    (failed,), err = tried("flaky_bus")
+    assert err == ""
+    assert 20 < int(failed) < 100  # of 1000, with a probability of 0.05
+
+
+def test_the_hot_board_switches_its_transmitters_off():
+    printed, err = tried("hot_board")
+    states = [line.split()[1] for line in printed]
+    assert err == ""
+    assert states[0] == "1" and states[-1] == "0"
+    assert states == sorted(states, reverse=True)
+
+
+def test_in_the_quiet_band_the_receiver_hears_its_own_noise():
+    (rtwp,), err = tried("quiet_band")
+    assert err == ""
+    assert -94 < float(rtwp) < -93  # of two receivers, each at -96.42 dBm
