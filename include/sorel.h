@@ -19,8 +19,8 @@
  *   RADIO_EIO      the hardware did not answer
  *
  * Readings have no status. One that fails (null or closed context, no radioInit() where one is
- * needed, an antenna that does not exist, a receiver that is off) is a not-a-number for a float,
- * INT32_MIN for an int32_t, UINT32_MAX for a uint32_t, and a null pointer for a text.
+ * needed, an antenna that does not exist, a receiver that is off or not settled) is a not-a-number
+ * for a float, INT32_MIN for an int32_t, UINT32_MAX for a uint32_t, and a null pointer for a text.
  *
  * Pointers that the library returns stay the library's and must not be freed. Pointers handed to it
  * stay the caller's; the library keeps none of them after the call, with one exception:
@@ -319,10 +319,11 @@ SOREL_API RadioReturn radioSetTxFrequency(RadioContext *context, uint32_t freque
  * UARFCN (TS 25.101 section 5.4.4) or ARFCN (TS 45.005 section 2) that fits the mode. */
 SOREL_API RadioReturn radioSetTxChannel(RadioContext *context, uint16_t channel);
 
-/* Switches the transmitters of the selected paths. */
+/* Switches the transmitters of the selected paths. RADIO_EAGAIN: switching on while the synthesiser
+ * has not settled on its frequency. RADIO_EERROR: likewise while the chip is too hot. */
 SOREL_API RadioReturn radioSetTxState(RadioContext *context, RadioState state);
 
-/* Switches one transmitter. */
+/* Switches one transmitter; see radioSetTxState(). */
 SOREL_API RadioReturn radioSetTxStateOfAntenna(RadioContext *context, RadioTxAntenna antenna,
                                                RadioState state);
 
@@ -338,8 +339,9 @@ SOREL_API RadioReturn radioSetTxMaxPowerOfAntenna(RadioContext *context, RadioTx
 SOREL_API RadioReturn radioSetTxDcOffset(RadioContext *context, RadioTxAntenna antenna,
                                          int16_t inPhase, int16_t quadrature);
 
-/* Loads the transmit power table: count words at registers. RADIO_EINVAL: more words than the table
- * holds, or a null pointer with a count other than 0. */
+/* Loads the transmit power table, from which the output powers are chosen: count words at
+ * registers, in the platform's form. RADIO_EINVAL: more words than the table holds, words that the
+ * platform does not take, or a null pointer with a count other than 0. */
 SOREL_API RadioReturn radioSetTxPowerRegisters(RadioContext *context, const uint32_t *registers,
                                                uint32_t count);
 
@@ -359,15 +361,16 @@ SOREL_API RadioReturn radioSetRxState(RadioContext *context, RadioState state);
 SOREL_API RadioReturn radioSetRxStateOfAntenna(RadioContext *context, RadioRxAntenna antenna,
                                                RadioState state);
 
-/* Sets the gain of the selected paths' receivers. In dB, within the platform's range. RADIO_EERROR
- * unless the gain mode is RADIO_RX_GAIN_MGC. */
+/* Sets the gain of the selected paths' receivers to the highest gain step that is not above it. In
+ * dB, within the platform's range. RADIO_EERROR unless the gain mode is RADIO_RX_GAIN_MGC. */
 SOREL_API RadioReturn radioSetRxGain(RadioContext *context, int16_t gain);
 
 /* Says who sets the gain of the selected paths' receivers. RADIO_RX_GAIN_MGC after radioInit(). */
 SOREL_API RadioReturn radioSetRxGainMode(RadioContext *context, RadioRxGainMode mode);
 
-/* Loads the receive gain table: count words at registers. RADIO_EINVAL: more words than the table
- * holds, or a null pointer with a count other than 0. */
+/* Loads the receive gain table, the gain steps: count words at registers, in the platform's form.
+ * RADIO_EINVAL: more words than the table holds, words that the platform does not take, or a null
+ * pointer with a count other than 0. */
 SOREL_API RadioReturn radioSetRxGainRegisters(RadioContext *context, const uint32_t *registers,
                                               uint32_t count);
 
