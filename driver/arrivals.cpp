@@ -26,12 +26,30 @@ double shareInside(const Signal &signal, uint32_t frequency, uint32_t bandwidth)
     return static_cast<double>(high - low) / (2.0 * signal.bandwidth);
 }
 
-// The instant after now at which a signal comes or goes.
-int64_t nextChange(const Signal &signal, int64_t now)
+bool isThere(const Signal &signal, int64_t now)
 {
-    if (now < signal.start)
-        return signal.start;
-    return now < signal.end ? signal.end : forever;
+    return now >= signal.start && now < signal.end;
+}
+
+// The next instant after now at which a signal comes or goes.
+int64_t nextChange(const std::vector<Signal> &signals, int64_t now)
+{
+    int64_t next = forever;
+    for (const Signal &signal : signals) {
+        if (now < signal.start)
+            next = std::min(next, signal.start);
+        else if (now < signal.end)
+            next = std::min(next, signal.end);
+    }
+    return next;
+}
+
+void addTo(Arrivals &arrivals, const Signal &signal, uint32_t bandwidth)
+{
+    const double power = signal.power * shareInside(signal, arrivals.frequency, bandwidth);
+    for (int path = 0; path < 2; ++path)
+        if (signal.antennas >> path & 1)
+            arrivals.power[path] += power;
 }
 
 } // namespace
@@ -39,20 +57,16 @@ int64_t nextChange(const Signal &signal, int64_t now)
 void listen(FrontEnd &frontEnd)
 {
     Arrivals &arrivals = frontEnd.arrivals;
+    const std::vector<Signal> &signals = frontEnd.scenario->signals;
     const uint32_t frequency = actualFrequency(frontEnd, frontEnd.setup.rxSynthesiser);
-    if (arrivals.isKnown && frequency == arrivals.frequency && frontEnd.now < arrivals.until)
+    const bool isOver = !arrivals.isKnown || frontEnd.now >= arrivals.until;
+    if (!isOver && frequency == arrivals.frequency)
         return;
-    arrivals = {true, frequency, forever, {0, 0}};
-    for (const Signal &signal : frontEnd.scenario->signals) {
-        arrivals.until = std::min(arrivals.until, nextChange(signal, frontEnd.now));
-        if (frontEnd.now < signal.start || frontEnd.now >= signal.end)
-            continue;
-        const double share = shareInside(signal, frequency, frontEnd.setup.mode->bandwidth);
-        const double power = signal.power * share;
-        for (int path = 0; path < 2; ++path)
-            if (signal.antennas >> path & 1)
-                arrivals.power[path] += power;
-    }
+    const int64_t until = isOver ? nextChange(signals, frontEnd.now) : arrivals.until;
+    arrivals = {true, frequency, until, {0, 0}};
+    for (const Signal &signal : signals)
+        if (isThere(signal, frontEnd.now))
+            addTo(arrivals, signal, frontEnd.setup.mode->bandwidth);
 }
 
 } // namespace sorel

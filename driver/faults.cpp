@@ -27,6 +27,14 @@ struct Course {
 
 std::shared_ptr<const Scenario> scenario;
 std::vector<Course> courses; // by the index of the fault
+bool isAnyActive = false;    // of the courses
+uint64_t faultyNames = 0;    // bits of the names of the functions that have faults
+
+// A bit that tells most names of functions apart: most calls are of one without a fault.
+uint64_t bitOf(std::string_view name)
+{
+    return uint64_t{1} << (name.size() * 7 + static_cast<unsigned char>(name.back())) % 64;
+}
 
 // The same for the same seed, whatever else is called and whichever faults there are besides.
 bool isDrawn(const Fault &fault, uint64_t index, uint64_t call)
@@ -87,6 +95,11 @@ void updateConditions(FrontEnd &frontEnd)
 
 void startFaults(std::shared_ptr<const Scenario> next)
 {
+    faultyNames = 0;
+    isAnyActive = false;
+    if (next)
+        for (const Fault &fault : next->faults)
+            faultyNames |= fault.function.empty() ? ~uint64_t{0} : bitOf(fault.function);
     courses.assign(next ? next->faults.size() : 0, {});
     scenario = std::move(next);
     anyFaults = anyFaults || !courses.empty();
@@ -94,9 +107,12 @@ void startFaults(std::shared_ptr<const Scenario> next)
 
 const Fault *countCall(const char *function, FrontEnd *frontEnd)
 {
-    const std::string_view called = function; // its length, found once, tells most faults apart
+    const std::string_view called = function;
+    const bool isConcerned = (faultyNames & bitOf(called)) != 0 || isAnyActive;
+    if (!isConcerned && !(frontEnd && frontEnd->conditions.areAny))
+        return nullptr;
     const Fault *answering = nullptr;
-    bool isAnyActive = false;
+    isAnyActive = false;
     for (std::size_t i = 0; i < courses.size(); ++i) {
         const Fault &fault = scenario->faults[i];
         Course &course = courses[i];
