@@ -4,7 +4,6 @@
 #define SOREL_DRIVER_FRONT_END_H
 
 #include "conditions.h"
-#include "decibel.h"
 #include "outcome.h"
 #include "random.h"
 #include "scenario.h"
@@ -83,13 +82,6 @@ struct Levels {
     double gain[2];     // of the receiver, a ratio
 };
 
-// The ratios that levels were worked out with last, by path.
-struct LevelRatios {
-    KeptRatio gain[2];
-    KeptRatio noise[2];
-    KeptRatio output[2];
-};
-
 struct FrontEnd {
     const Platform *platform;
     const Scenario *scenario; // of the board; outlives it
@@ -107,7 +99,6 @@ struct FrontEnd {
     std::array<Correction, RADIO_BAND_GSM_1900 + 1> corrections; // by the value of the band
     Arrivals arrivals;
     Levels levels;
-    LevelRatios ratios;
 };
 
 // Paths from first to before end; none where both are equal.

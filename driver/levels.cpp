@@ -24,6 +24,12 @@ constexpr double loopbackLoss = 1e-6;       // 60 dB, in RADIO_TX_TO_RX_LOOPBACK
 constexpr double duplexerIsolation = 1e-13; // 130 dB, where the directions have bands of their own
 constexpr double switchIsolation = 1e-10;   // 100 dB, in time division
 
+// Ratios that have been worked out already, by gain step or by path. They only save time: each is
+// used where it is the one that is asked for, whatever the board.
+KeptRatio gainRatios[tableCapacity];
+KeptRatio noiseRatios[tableCapacity];
+KeptRatio outputRatios[2];
+
 // The signal-to-noise ratio of an ideal converter: 6.02 dB per bit and 1.76 dB.
 double quantisationNoise(const Platform &platform)
 {
@@ -31,13 +37,14 @@ double quantisationNoise(const Platform &platform)
     return fullScale / (1.5 * steps * steps);
 }
 
-double noiseFactor(FrontEnd &frontEnd, int path)
+double noiseFactor(const FrontEnd &frontEnd, int path)
 {
     const Platform &platform = *frontEnd.platform;
-    const double below = platform.highestGain - gainOf(frontEnd, frontEnd.setup.receivers[path]);
+    const Receiver &receiver = frontEnd.setup.receivers[path];
+    const double below = platform.highestGain - gainOf(frontEnd, receiver);
     const double warmer = temperatureReading(frontEnd) / 16.0 - 25;
-    return ratio(frontEnd.ratios.noise[path], platform.noiseFigure + platform.noisePerGain * below +
-                                                  platform.noisePerDegree * std::max(warmer, 0.0));
+    return ratio(noiseRatios[receiver.step], platform.noiseFigure + platform.noisePerGain * below +
+                                                 platform.noisePerDegree * std::max(warmer, 0.0));
 }
 
 double isolation(const FrontEnd &frontEnd)
@@ -58,19 +65,19 @@ bool isOn(const FrontEnd &frontEnd, int path)
     return frontEnd.setup.receivers[path].state == RADIO_STATE_ENABLE && isRxLocked(frontEnd);
 }
 
-double transmitted(FrontEnd &frontEnd, int path)
+double transmitted(const FrontEnd &frontEnd, int path)
 {
     const Transmitter &transmitter = frontEnd.setup.transmitters[path];
     if (transmitter.state != RADIO_STATE_ENABLE || !isTxLocked(frontEnd))
         return 0;
-    const double limit = ratio(frontEnd.ratios.output[path], outputLimit(frontEnd, path));
+    const double limit = ratio(outputRatios[path], outputLimit(frontEnd, path));
     if (frontEnd.setup.loopback != RADIO_RX_TO_TX_LOOPBACK)
         return limit;
     const Levels &levels = frontEnd.levels;
     return isOn(frontEnd, path) ? std::min(limit, levels.received[path] * levels.gain[path]) : 0;
 }
 
-double received(FrontEnd &frontEnd, int path)
+double received(const FrontEnd &frontEnd, int path)
 {
     const Mode &mode = *frontEnd.setup.mode;
     const Levels &levels = frontEnd.levels;
@@ -96,8 +103,8 @@ void refreshLevels(FrontEnd &frontEnd)
     listen(frontEnd);
     const bool isRepeater = frontEnd.setup.loopback == RADIO_RX_TO_TX_LOOPBACK;
     for (int path = 0; path < pathCount(frontEnd); ++path) {
-        levels.gain[path] =
-            ratio(frontEnd.ratios.gain[path], gainOf(frontEnd, frontEnd.setup.receivers[path]));
+        const Receiver &receiver = frontEnd.setup.receivers[path];
+        levels.gain[path] = ratio(gainRatios[receiver.step], gainOf(frontEnd, receiver));
         if (isRepeater)
             levels.received[path] = received(frontEnd, path);
         levels.output[path] = transmitted(frontEnd, path);
