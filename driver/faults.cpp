@@ -57,13 +57,15 @@ bool isAnswer(Effect effect)
            effect == Effect::Number;
 }
 
-// What a register without a value of its own is stuck at: what it read when the fault began.
+// What the register is stuck at: where the fault says nothing, what it read when that began.
 uint32_t stuckValue(const Fault &fault, Course &course, FrontEnd &frontEnd)
 {
+    if (fault.hasValue)
+        return fault.value;
     if (!course.isHeld)
         readRegister(frontEnd, fault.address, course.value);
     course.isHeld = true;
-    return fault.hasValue ? fault.value : course.value;
+    return course.value;
 }
 
 void addTo(Conditions &conditions, const Fault &fault, Course &course, FrontEnd &frontEnd)
@@ -135,6 +137,8 @@ void holdStuckRegisters(FrontEnd &frontEnd)
     frontEnd.conditions.stuckCount = 0; // what is put back is the state behind the registers
     for (int i = 0; i < conditions.stuckCount; ++i) {
         const StuckRegister &stuck = conditions.stuck[i];
+        if (whyNotWritable(*frontEnd.platform, stuck.address))
+            continue; // no state to put back, and reading it can be a measurement
         uint32_t value = stuck.value;
         readRegister(frontEnd, stuck.address, value);
         if (value != stuck.value)

@@ -101,6 +101,7 @@ void refreshLevels(FrontEnd &frontEnd)
     if (!frontEnd.setup.mode)
         return;
     listen(frontEnd);
+    // A repeater transmits what it receives; otherwise a receiver hears what is transmitted.
     const bool isRepeater = frontEnd.setup.loopback == RADIO_RX_TO_TX_LOOPBACK;
     for (int path = 0; path < pathCount(frontEnd); ++path) {
         const Receiver &receiver = frontEnd.setup.receivers[path];

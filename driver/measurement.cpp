@@ -17,8 +17,8 @@ namespace
 
 constexpr int unitsPerDecibel = 64;
 
-// Averaging noise of bandwidth B over a time T leaves a standard deviation of 10 / ln 10 / sqrt(B
-// T) dB. In 1/65536 of the unit.
+// Averaging noise of bandwidth B over a time T leaves 10 / ln 10 / sqrt(B * T) dB of standard
+// deviation. In 1/65536 of the unit.
 int64_t standardDeviation(const Mode &mode)
 {
     const double averaged = mode.bandwidth * (mode.averaging * 1e-9);

@@ -57,6 +57,21 @@ TEST_F(Conditions, the_state_stays_where_it_was_stuck_when_the_fault_ends)
     EXPECT_EQ(at(TX_STATE), 1u);
 }
 
+TEST_F(Conditions, a_stuck_register_of_a_measurement_leaves_the_readings_as_they_are)
+{
+    const auto readings = [&](const std::string &scenario) {
+        openIn(scenario);
+        init();
+        std::vector<float> powers(5);
+        for (float &power : powers)
+            power = radioGetRxRtwpIndBm(context);
+        return powers;
+    };
+    const std::vector<float> healthy = readings("seed = 1");
+    EXPECT_EQ(readings("seed = 1\n[[faults]]\nstuck = 0x046\nvalue = 5\n"), healthy);
+    EXPECT_EQ(at(RX_RTWP), 5u);
+}
+
 TEST_F(Conditions, an_initialisation_script_does_not_move_a_stuck_register)
 {
     openIn("[[faults]]\nstuck = 0x010\nvalue = 3\n[[faults]]\nstuck = 0x032\nvalue = 7\n");
