@@ -15,10 +15,13 @@ endfunction()
 # that tests/e2e/shell.py reads, and that file to import.
 function(add_shell_test name file executable)
     # A shell built for another machine runs under the emulator that the toolchain file names.
-    string(JOIN " " emulator ${CMAKE_CROSSCOMPILING_EMULATOR})
+    list(JOIN CMAKE_CROSSCOMPILING_EMULATOR "' '" emulator)
+    if(emulator)
+        set(emulator "'${emulator}' ")
+    endif()
     add_python_test(${name} ${file}
         PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/e2e
-        "SORELAPP=${emulator} '${executable}'"
+        "SORELAPP=${emulator}'${executable}'"
         SOREL_SIMULATION_DIR=$<TARGET_FILE_DIR:sorel_simulation>
         ODD_DRIVER_DIR=$<TARGET_FILE_DIR:lacking_driver>
         SOREL_FORWARDING_DIR=$<TARGET_FILE_DIR:sorel_forwarding>
