@@ -2,10 +2,11 @@
 """Bringing up the simulated board, and what the shell relies on it for."""
 
 import os
-import subprocess
+import textwrap
 
 import pytest
 from catalogue import NO_CONTEXT, status_message
+from sessions import replay
 from shell import PROMPT, SIMULATION, SOURCE, lua, prompt, run, type_line
 
 BRING_UP = [
@@ -51,50 +52,20 @@ def test_a_session_at_the_prompt():
 
 
 def documented_sessions():
-    """The sessions of the README: of each, what follows a "$ " or a prompt, with the lines that it
-    prints."""
+    """The sessions of the README."""
     blocks = (SOURCE / "README.md").read_text().split("\n\n")
-    for block in blocks:
-        if not block.startswith("    $ "):
-            continue
-        steps = []
-        for line in block.splitlines():
-            line = line.removeprefix("    ")
-            if line.startswith(("$ ", PROMPT)):
-                steps.append((line, []))
-            else:
-                steps[-1][1].append(line)
-        yield steps
-
-
-def replay(steps, folder):
-    """Runs a session's lines, and asserts that each prints what is documented."""
-    variables, terminal = {}, None
-    for line, printed in steps:
-        if line == PROMPT + "exit":
-            terminal.sendline("exit")
-            terminal.wait()
-        elif line.startswith(PROMPT):
-            assert type_line(terminal, line.removeprefix(PROMPT)) == printed, line
-        elif line.startswith("$ export "):
-            variables |= [line.removeprefix("$ export ").split("=")]
-        elif line.endswith("./dev run"):
-            more = dict(word.split("=") for word in line.split()[1:-2])
-            terminal = prompt(driver=SIMULATION, cwd=folder, **variables | more)
-        else:
-            command = line.removeprefix("$ ")
-            done = subprocess.run(command, shell=True, cwd=folder, capture_output=True, check=True)
-            assert done.stdout.decode().splitlines() == printed, line
+    return [textwrap.dedent(block) for block in blocks if block.startswith("    $ ")]
 
 
 @pytest.mark.parametrize("number", range(3))
 def test_the_sessions_of_the_readme_print_what_the_readme_says(number, tmp_path):
     (tmp_path / "driver").symlink_to(SOURCE / "driver")
-    replay(list(documented_sessions())[number], tmp_path)
+    session = documented_sessions()[number]
+    assert replay(session, tmp_path) == session + "\n"
 
 
 def test_the_readme_has_no_other_session():
-    assert len(list(documented_sessions())) == 3
+    assert len(documented_sessions()) == 3
 
 
 def test_the_same_session_as_a_batch_file(tmp_path):
