@@ -2,6 +2,7 @@
 """Which options are taken, in which order, and what runs then."""
 
 import pytest
+from options import options
 from shell import PROMPT, VERSION, run
 
 USAGE_STATUS = 64
@@ -85,6 +86,38 @@ def test_a_command_may_be_joined_to_its_option(arguments):
 def test_a_batch_file_may_be_joined_to_its_option(files):
     assert run(f"-b{files / 'F'}").out == "F\n"
     assert run(f"--batch={files / 'F'}").out == "F\n"
+
+
+def test_letters_of_several_options_may_be_joined(files):
+    assert run("-ib", str(files / "F")).out == "F\n"
+    assert run("-ic" + COMMAND).out == "command\n"
+
+
+def test_a_long_option_may_be_cut_to_its_first_letter(files):
+    values = {"FILE": [str(files / "F")], "COMMAND": [COMMAND], None: []}
+    long = {option: taken for option, taken in options().items() if option.startswith("--")}
+    assert len(long) == 6
+    for option, taken in long.items():
+        whole, cut = (run(word, *values[taken], stdin="exit\n") for word in (option, option[:3]))
+        assert (cut.out, cut.err, cut.status) == (whole.out, "", 0), option
+
+
+@pytest.mark.parametrize("option", ["-V", "-?", "--help", "--usage"])
+def test_what_follows_an_option_that_answers_at_once_is_not_looked_at(option):
+    ran = run(option, "-x", "foo", "-b")
+    assert (ran.out, ran.err, ran.status) == (run(option).out, "", 0)
+
+
+def test_a_batch_file_gets_no_arguments(files):
+    (files / "F").write_text("print(arg, select('#', ...))")
+    assert run("-b", "F", cwd=files).out == "nil\t0\n"
+
+
+def test_a_dash_is_a_file_and_standard_input_has_a_path(files):
+    assert run("-b", "-", cwd=files, stdin="print('read')").status == 1
+    (files / "F").rename(files / "-")
+    assert run("-b", "-", cwd=files, stdin="print('read')").out == "F\n"
+    assert run("-b", "/dev/stdin", stdin="print('read')").out == "read\n"
 
 
 def test_an_empty_command_runs_and_no_prompt_is_shown():

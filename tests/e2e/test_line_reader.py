@@ -131,9 +131,13 @@ def test_an_exit_word_on_a_terminal_ends_with_status_0(word):
     assert (terminal.before, terminal.exitstatus) == ("", 0)
 
 
-def test_ctrl_c_ends_the_shell_by_its_signal_and_leaves_the_radio_open(tmp_path):
+@pytest.mark.parametrize("line", [None, "io.write('running') io.flush() while true do end"])
+def test_ctrl_c_ends_the_shell_by_its_signal_and_leaves_the_radio_open(line, tmp_path):
     log = tmp_path / "log"
     terminal = prompt(RECORDING_DRIVER_LOG=str(log))
+    if line:
+        terminal.sendline(line)
+        terminal.expect_exact("running")
     terminal.sendintr()
     terminal.expect(pexpect.EOF)
     terminal.close()

@@ -79,3 +79,22 @@ def test_the_functions_of_bit_and_socket_are_no_globals():
 
 def test_help_is_no_function_of_the_shell():
     assert lua("print(help)").out == "nil\n"
+
+
+def test_modules_are_looked_for_where_lua_path_says_and_then_where_lua_does(tmp_path):
+    (tmp_path / "mine.lua").write_text("return 'found'")
+    text = "io.write(package.path) io.stderr:write((select(2, pcall(require, 'mine'))))"
+    own = run("-c", text)
+    ran = run("-c", text, LUA_PATH=f"{tmp_path}/?.lua;;")
+    assert "module 'mine' not found" in own.err and ran.err == "found"
+    assert ran.out.startswith(f"{tmp_path}/?.lua;") and own.out in ran.out
+
+
+def test_modules_in_c_are_looked_for_where_lua_cpath_says_and_then_where_lua_does():
+    own = lua("io.write(package.cpath)").out
+    ran = lua("io.write(package.cpath)", LUA_CPATH="mine/?.so;;").out
+    assert ran.startswith("mine/?.so;") and own in ran
+
+
+def test_lua_init_is_not_read():
+    assert lua("", LUA_INIT="print('read')").out == ""
