@@ -1,0 +1,21 @@
+# SPDX-License-Identifier: LicenseRef-Proprietary
+"""What is installed.
+
+Environment:
+    SORELAPP_BUILD_DIR  the build tree
+"""
+
+import os
+import subprocess
+from pathlib import Path
+
+BUILD = Path(os.environ["SORELAPP_BUILD_DIR"])
+
+
+def install(prefix):
+    """Installs what belongs to the shell, and returns the folder of what machines can share."""
+    subprocess.run(
+        ["cmake", "--install", BUILD, "--component", "sorelapp", "--prefix", prefix],
+        stdout=subprocess.DEVNULL, check=True,
+    )
+    return prefix / "share"
