@@ -11,7 +11,7 @@ Environment:
     SOREL_TRACED          set: every run is traced, which must change nothing else: the simulated
                           board's calls by itself, the recording driver's by the library in front
     RECORDING_DRIVER_DIR  folder of the recording driver's libsorel.so.1
-    ODD_DRIVER_DIR        folder of the drivers of ../driver/forwarding/
+    ODD_DRIVER_DIR        folder of the drivers of ../odd_drivers/
     PRELOAD_DIR           folder of the libraries made from preload/
     SORELAPP_SOURCE_DIR   root of the source tree
 """

@@ -4,8 +4,9 @@
 import re
 import subprocess
 
+import pytest
 from catalogue import FUNCTIONS
-from shell import EXECUTABLE, RECORDING, SIMULATION, lua, run
+from shell import EXECUTABLE, ODD_DRIVERS, RECORDING, SIMULATION, lua, run
 
 VERSION_OF_DRIVER = "io.write(radioVersion())"
 
@@ -44,6 +45,14 @@ def test_the_executable_finds_its_own_driver():
 def test_the_driver_is_replaced_without_a_rebuild():
     assert lua(VERSION_OF_DRIVER, driver=RECORDING).out == "recording driver"
     assert lua(VERSION_OF_DRIVER, driver=SIMULATION).out not in ("", "recording driver")
+
+
+@pytest.mark.parametrize("arguments", [["-c", ""], [], ["-v"]], ids=["command", "prompt", "version"])
+def test_a_driver_that_lacks_a_function_ends_the_shell_at_its_start(arguments):
+    ran = run(*arguments, stdin="exit\n", driver=ODD_DRIVERS / "driver_without_reset")
+    assert "undefined symbol: radioReset" in ran.err
+    assert (ran.out, ran.log) == ("", [])
+    assert ran.status > 0
 
 
 def test_both_drivers_have_the_drivers_soname_and_functions():
