@@ -11,7 +11,7 @@ namespace
 template <FixedString name, auto *function, WrapperOptions options>
 constexpr lua_CFunction wrapperOf()
 {
-    if constexpr (isWrappable<function, options>()) {
+    if constexpr (takesKnownTypes<function, options>() && returnsKnownType<function, options>()) {
         return Wrapper<name, function, options>::call;
     } else {
         return nullptr; // only one error is reported, that of PLAIN
@@ -26,9 +26,12 @@ constexpr lua_CFunction wrapperOf()
 #define PLAIN(name, ...)                                                                           \
     {#name, [] {                                                                                   \
          constexpr WrapperOptions options{__VA_ARGS__};                                            \
-         static_assert(isWrappable<::name, options>(),                                             \
+         static_assert(takesKnownTypes<::name, options>(),                                         \
                        #name ": sorel.h declares a parameter of a type that has no argument kind;" \
                              " the kinds are in binding/radio/arguments.h");                       \
+         static_assert(returnsKnownType<::name, options>(),                                        \
+                       #name ": sorel.h declares a result of a type that has no form in Lua;"      \
+                             " see pushResult() in binding/radio/wrapper.h");                      \
          return wrapperOf<#name, ::name, options>();                                               \
      }()}
 

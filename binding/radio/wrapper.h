@@ -73,7 +73,6 @@ int pushResult(lua_State *L, Result result)
         lua_pushstring(L, result);
         return 1;
     } else {
-        static_assert(std::is_arithmetic_v<Result>);
         lua_pushnumber(L, static_cast<lua_Number>(result));
         return 1;
     }
@@ -152,7 +151,7 @@ public:
 
 // True when every parameter of a driver function has an argument kind.
 template <auto *function, WrapperOptions options>
-constexpr bool isWrappable()
+constexpr bool takesKnownTypes()
 {
     using Parameters = typename DriverSignature<decltype(function)>::Parameters;
     return []<std::size_t... i>(std::index_sequence<i...>)
@@ -161,4 +160,13 @@ constexpr bool isWrappable()
                  HasArgumentKind<std::tuple_element_t<i, Parameters>>)&&...);
     }
     (std::make_index_sequence<std::tuple_size_v<Parameters>>{});
+}
+
+// True when pushResult() knows the type of what a driver function returns, or nothing is pushed.
+template <auto *function, WrapperOptions options>
+constexpr bool returnsKnownType()
+{
+    using Result = typename DriverSignature<decltype(function)>::Result;
+    return options.ignoresResult || std::is_enum_v<Result> || std::is_arithmetic_v<Result> ||
+           std::is_same_v<Result, const char *>;
 }

@@ -1,32 +1,58 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-# Compiles SOURCE. EXPECTATION is "compiles", or the functions that the compiler must refuse by name,
-# each with one error, and without any other error.
+# Compiles SOURCE, with COMPILER and with GCC and clang where they are. EXPECTATION is "compiles",
+# or the functions that must be refused by name: each with one error, which is MESSAGE where that
+# is given, in few lines, and without any other error.
+if(MESSAGE)
+    set(most_lines 8)
+else()
+    set(most_lines 12)
+endif()
 list(TRANSFORM INCLUDES PREPEND -I)
 separate_arguments(FLAGS UNIX_COMMAND "${FLAGS}")
-execute_process(
-    COMMAND ${COMPILER} ${FLAGS} -std=c++20 -fsyntax-only ${INCLUDES} ${SOURCE}
-    RESULT_VARIABLE result
-    OUTPUT_VARIABLE output
-    ERROR_VARIABLE output)
+list(LENGTH EXPECTATION functions)
+math(EXPR most_lines "${most_lines} * ${functions}")
 
-if(EXPECTATION STREQUAL "compiles")
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "it does not compile:\n${output}")
+function(check_refusal compiler output)
+    foreach(function IN LISTS EXPECTATION)
+        if(MESSAGE)
+            set(refusal "error: [^\n]*${function}: ${MESSAGE}")
+        else()
+            set(refusal "[^A-Za-z]${function}[^A-Za-z]")
+        endif()
+        if(NOT output MATCHES "${refusal}")
+            message(FATAL_ERROR "${compiler}: no error names ${function}:\n${output}")
+        endif()
+    endforeach()
+    string(REGEX MATCHALL "error: " errors "${output}")
+    list(LENGTH errors count)
+    if(NOT count EQUAL functions)
+        message(FATAL_ERROR "${compiler}: ${count} errors in place of ${functions}:\n${output}")
     endif()
-    return()
-endif()
+    string(REGEX MATCHALL "\n" lines "${output}")
+    list(LENGTH lines count)
+    if(count GREATER most_lines)
+        message(FATAL_ERROR "${compiler}: ${count} lines, not at most ${most_lines}:\n${output}")
+    endif()
+endfunction()
 
-if(result EQUAL 0)
-    message(FATAL_ERROR "it compiles")
-endif()
-foreach(function IN LISTS EXPECTATION)
-    if(NOT output MATCHES "error: [^\n]*${function}: sorel.h declares a parameter")
-        message(FATAL_ERROR "no error names ${function}:\n${output}")
+find_program(GCC g++)
+find_program(CLANG clang++)
+set(compilers ${COMPILER} ${GCC} ${CLANG})
+list(FILTER compilers EXCLUDE REGEX "-NOTFOUND$")
+list(REMOVE_DUPLICATES compilers)
+foreach(compiler IN LISTS compilers)
+    execute_process(
+        COMMAND ${compiler} ${FLAGS} -std=c++20 -fsyntax-only ${INCLUDES} ${SOURCE}
+        RESULT_VARIABLE result
+        OUTPUT_VARIABLE output
+        ERROR_VARIABLE output)
+    if(EXPECTATION STREQUAL "compiles")
+        if(NOT result EQUAL 0)
+            message(FATAL_ERROR "${compiler}: it does not compile:\n${output}")
+        endif()
+    elseif(result EQUAL 0)
+        message(FATAL_ERROR "${compiler}: it compiles")
+    else()
+        check_refusal(${compiler} "${output}")
     endif()
 endforeach()
-string(REGEX MATCHALL "error: " errors "${output}")
-list(LENGTH errors count)
-list(LENGTH EXPECTATION expected)
-if(NOT count EQUAL expected)
-    message(FATAL_ERROR "${count} errors in place of ${expected}:\n${output}")
-endif()
