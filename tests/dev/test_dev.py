@@ -74,7 +74,8 @@ def test_no_picture_is_drawn_where_there_is_no_folder(tmp_path):
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
-    assert all(f"\n  {verb} " in done.stdout for verb in ("run", "test", "lint", "picture", "bench"))
+    verbs = ("run", "test", "lint", "picture", "bench", "size")
+    assert all(f"\n  {verb} " in done.stdout for verb in verbs)
 
 
 def test_an_unknown_verb_is_refused_with_the_list():
