@@ -1,21 +1,13 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""./dev, as a person uses it. Environment: SORELAPP_SOURCE_DIR, the root of the source tree."""
+"""./dev, as a person uses it."""
 
 import os
 import shutil
 import subprocess
-from pathlib import Path
 
 import pytest
 
-ROOT = Path(os.environ["SORELAPP_SOURCE_DIR"])
-DEV = ROOT / "dev"
-
-
-def dev(*arguments, program=DEV, stdin="", **more):
-    return subprocess.run(
-        [program, *arguments], input=stdin, capture_output=True, text=True, check=False, **more
-    )
+from dev_command import DEV, ROOT, dev, standing_in
 
 
 @pytest.fixture(scope="module", autouse=True)
@@ -74,7 +66,7 @@ def test_no_picture_is_drawn_where_there_is_no_folder(tmp_path):
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
-    verbs = ("run", "test", "lint", "picture", "bench", "size")
+    verbs = ("run", "test", "lint", "picture", "bench", "size", "arm", "board")
     assert all(f"\n  {verb} " in done.stdout for verb in verbs)
 
 
@@ -94,16 +86,7 @@ def test_a_tree_of_another_driver_is_set_up_for_the_simulated_board_again(tmp_pa
     )
     done = dev("run", "-c", "print(radioGetPlatformName())")
     assert "simulated" in done.stdout
-    assert "it was for another driver than the simulated board" in done.stderr
-
-
-def standing_in(folder, **programs):
-    """An environment in which these programs, as shell texts, stand in for those of the machine."""
-    for name, text in programs.items():
-        program = folder / name.replace("_", "-")
-        program.write_text("#!/bin/sh\n" + text + "\n")
-        program.chmod(0o755)
-    return os.environ | {"PATH": f"{folder}:{os.environ['PATH']}"}
+    assert "it was for another driver\n" in done.stderr
 
 
 def test_a_package_that_cannot_be_installed_is_named_with_what_to_do(tmp_path):
