@@ -1,4 +1,5 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
 -- Scripts of the shell: Lua 5.1, and the functions and constants of the radio as globals.
 std = "lua51"
+read_globals = { "radio" }
 ignore = { "113/radio%u.*", "113/RADIO_.*" }

@@ -33,6 +33,25 @@ def test_a_file_is_looked_for_where_the_person_stands(tmp_path):
     assert dev("run", "-b", "my script.lua", cwd=folder).stdout == "found\n"
 
 
+def test_a_script_finds_the_lua_modules_of_the_tree_wherever_the_person_stands(tmp_path):
+    script = "print(require('sorel.constants').name('RADIO_BAND', 7))"
+    assert dev("run", "-c", script, cwd=tmp_path).stdout == "RADIO_BAND_7\n"
+
+
+def test_a_script_finds_lua_modules_where_lua_looks_by_itself_too(tmp_path):
+    (tmp_path / "bring_up.lua").write_text("return 'found'")
+    assert dev("run", "-c", "print(require 'bring_up')", cwd=tmp_path).stdout == "found\n"
+
+
+def test_a_script_finds_lua_modules_where_the_person_lets_lua_look_too(tmp_path):
+    folder = tmp_path / "modules"
+    folder.mkdir()
+    (folder / "bring_up.lua").write_text("return 'found'")
+    script = "print(require 'bring_up', type(require 'sorel.constants'))"
+    done = dev("run", "-c", script, env=os.environ | {"LUA_PATH": f"{folder}/?.lua"})
+    assert done.stdout == "found\ttable\n"
+
+
 def test_it_may_be_called_through_a_link(tmp_path):
     link = tmp_path / "link"
     link.symlink_to(DEV)

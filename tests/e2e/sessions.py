@@ -7,7 +7,7 @@ import re
 import shlex
 
 import pexpect
-from shell import COMMAND, PROMPT, SECONDS, SIMULATION, environment
+from shell import COMMAND, PROMPT, SECONDS, SIMULATION, SOURCE, environment
 
 BASH_PROMPT = "$ "
 TYPED = re.compile(rf"^({re.escape(BASH_PROMPT)}|{re.escape(PROMPT)})(.*)$", re.MULTILINE)
@@ -37,7 +37,7 @@ def bash_with_shell(folder):
     """A bash that stands in the folder, where `sorelapp` and `./dev run` start the shell on the
     simulated board."""
     make_program(folder / "sorelapp")
-    make_program(folder / "dev", "shift")
+    make_program(folder / "dev", "shift", f"export LUA_PATH={shlex.quote(f'{SOURCE}/lua/?.lua;;')}")
     variables = environment(SIMULATION, {})
     return bash(folder, variables | {"PATH": f"{folder}:{variables['PATH']}"})
 

@@ -57,7 +57,7 @@ def documented_sessions():
     return [textwrap.dedent(block) for block in blocks if block.startswith("    $ ")]
 
 
-@pytest.mark.parametrize("number", range(3))
+@pytest.mark.parametrize("number", range(4))
 def test_the_sessions_of_the_readme_print_what_the_readme_says(number, tmp_path):
     (tmp_path / "driver").symlink_to(SOURCE / "driver")
     session = documented_sessions()[number]
@@ -65,7 +65,7 @@ def test_the_sessions_of_the_readme_print_what_the_readme_says(number, tmp_path)
 
 
 def test_the_readme_has_no_other_session():
-    assert len(documented_sessions()) == 3
+    assert len(documented_sessions()) == 4
 
 
 def test_the_same_session_as_a_batch_file(tmp_path):
