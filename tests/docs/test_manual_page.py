@@ -9,7 +9,7 @@ from shell import SOURCE, VERSION
 
 @pytest.fixture(name="shared", scope="module")
 def shared_folder(tmp_path_factory):
-    return install(tmp_path_factory.mktemp("a prefix"))
+    return install(tmp_path_factory.mktemp("a prefix"), "--component", "sorelapp")
 
 
 def test_man_finds_nothing_to_warn_of():

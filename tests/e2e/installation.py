@@ -12,10 +12,11 @@ from pathlib import Path
 BUILD = Path(os.environ["SORELAPP_BUILD_DIR"])
 
 
-def install(prefix):
-    """Installs what belongs to the shell, and returns the folder of what machines can share."""
+def install(prefix, *options):
+    """Installs all, or what options of cmake's installation say, and returns the folder of what
+    machines can share."""
     subprocess.run(
-        ["cmake", "--install", BUILD, "--component", "sorelapp", "--prefix", prefix],
+        ["cmake", "--install", BUILD, "--prefix", prefix, *options],
         stdout=subprocess.DEVNULL, check=True,
     )
     return prefix / "share"

@@ -1,26 +1,14 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
 """How the executable finds the driver, and what it needs."""
 
-import re
 import subprocess
 
 import pytest
 from catalogue import FUNCTIONS
+from elf import values
 from shell import EXECUTABLE, ODD_DRIVERS, RECORDING, SIMULATION, lua, run
 
 VERSION_OF_DRIVER = "io.write(radioVersion())"
-
-
-def dynamic_section(file):
-    """Entries of a file's dynamic section as (tag, value)."""
-    listing = subprocess.run(
-        ["readelf", "--dynamic", "--wide", str(file)], capture_output=True, text=True, check=True
-    ).stdout
-    return re.findall(r"\((\w+)\) +.*?\[(.*)\]", listing)
-
-
-def values(file, tag):
-    return [value for name, value in dynamic_section(file) if name == tag]
 
 
 def test_the_executable_needs_the_driver_by_its_soname():

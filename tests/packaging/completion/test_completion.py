@@ -34,7 +34,7 @@ ANSWERS = set(ALL) - set(INPUT) - set(PROMPT)  # those that print something and 
 @pytest.fixture(name="terminal", scope="module")
 def terminal_with_completion(tmp_path_factory):
     """A bash among the FILES."""
-    shared = install(tmp_path_factory.mktemp("prefix"))
+    shared = install(tmp_path_factory.mktemp("prefix"), "--component", "sorelapp")
     folder = tmp_path_factory.mktemp("files")
     for file in FILES:
         (folder / file).parent.mkdir(exist_ok=True)
