@@ -85,8 +85,13 @@ def test_no_picture_is_drawn_where_there_is_no_folder(tmp_path):
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
-    verbs = ("run", "test", "lint", "picture", "bench", "size", "arm", "board")
+    verbs = ("run", "test", "arm", "board", "lint", "picture", "package", "bench", "size")
     assert all(f"\n  {verb} " in done.stdout for verb in verbs)
+
+
+def test_packages_are_made_on_no_machine_that_they_are_not_for(tmp_path):
+    done = dev("package", env=standing_in(tmp_path, dpkg="echo arm64"))
+    assert (done.stderr, done.returncode) == ("dev: packages are made on amd64\n", 1)
 
 
 def test_an_unknown_verb_is_refused_with_the_list():
