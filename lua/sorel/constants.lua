@@ -100,8 +100,7 @@ end
 -- @return a list in the order of their values; where two are the same, of their names
 function constants.members(group)
     check_group(group)
-    local names = members_of(group)
-    return names
+    return members_of(group)
 end
 
 --- The name of a value.

@@ -5,12 +5,19 @@ and what the terminal shows then."""
 import io
 import re
 import shlex
+import textwrap
 
 import pexpect
 from shell import COMMAND, PROMPT, SECONDS, SIMULATION, SOURCE, environment
 
 BASH_PROMPT = "$ "
 TYPED = re.compile(rf"^({re.escape(BASH_PROMPT)}|{re.escape(PROMPT)})(.*)$", re.MULTILINE)
+
+
+def sessions_of(document):
+    """The sessions that a document of Markdown shows, given by its path in the source tree."""
+    blocks = (SOURCE / document).read_text().split("\n\n")
+    return [textwrap.dedent(block) for block in blocks if block.startswith("    $ ")]
 
 
 def bash(folder, variables):

@@ -2,11 +2,10 @@
 """Bringing up the simulated board, and what the shell relies on it for."""
 
 import os
-import textwrap
 
 import pytest
 from catalogue import NO_CONTEXT, status_message
-from sessions import replay
+from sessions import replay, sessions_of
 from shell import PROMPT, SIMULATION, SOURCE, lua, prompt, run, type_line
 
 BRING_UP = [
@@ -51,21 +50,15 @@ def test_a_session_at_the_prompt():
     assert terminal.exitstatus == 0
 
 
-def documented_sessions():
-    """The sessions of the README."""
-    blocks = (SOURCE / "README.md").read_text().split("\n\n")
-    return [textwrap.dedent(block) for block in blocks if block.startswith("    $ ")]
-
-
 @pytest.mark.parametrize("number", range(4))
 def test_the_sessions_of_the_readme_print_what_the_readme_says(number, tmp_path):
     (tmp_path / "driver").symlink_to(SOURCE / "driver")
-    session = documented_sessions()[number]
+    session = sessions_of("README.md")[number]
     assert replay(session, tmp_path) == session + "\n"
 
 
 def test_the_readme_has_no_other_session():
-    assert len(documented_sessions()) == 4
+    assert len(sessions_of("README.md")) == 4
 
 
 def test_the_same_session_as_a_batch_file(tmp_path):

@@ -29,7 +29,7 @@ class System:
         self.environment = {
             name: value for name, value in os.environ.items() if name.lower().endswith("_proxy")
         } | {
-            "PATH": "/usr/sbin:/usr/bin:/sbin:/bin",
+            "PATH": "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin",
             "LC_ALL": "C.UTF-8",
             "TERM": "dumb",
             "DEBIAN_FRONTEND": "noninteractive",

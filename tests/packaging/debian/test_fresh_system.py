@@ -198,3 +198,14 @@ def test_the_version_is_that_of_the_package(board):
 def test_nothing_is_left_of_packages_that_are_removed(board, files_before):
     board.apt("purge", "--auto-remove", "sorelapp", "libsorel1", "libsorel-dev")
     assert board.files() ^ files_before == set()
+
+
+def test_without_packages_the_shell_and_a_driver_run_from_usr_local(board):
+    board.apt("install", "liblua5.1-0", "lua-bitop", "lua-socket")
+    output("cmake", "--install", SOURCE / "build/package-amd64", "--component", "sorelapp",
+           "--prefix", board.root / "usr/local")
+    board.output("dpkg-deb", "-x", "/packages/libsorel1.deb", "/tmp/driver")
+    board.output("cp", f"/tmp/driver{LIBRARIES}/{LIBRARY}", "/usr/local/lib")
+    board.output("ldconfig")
+    script = f"{PLATFORM} print(require('sorel.constants').value('RADIO_BAND', 'RADIO_BAND_7'))"
+    assert board.output("sorelapp", "-c", script) == "recording driver\n7\n"
