@@ -5,7 +5,7 @@ find_program(SYSTEM_PYTHON3 python3 PATHS /usr/bin NO_DEFAULT_PATH NO_CMAKE_FIND
 
 # add_python_test(NAME FILE VARIABLE=VALUE...): runs pytest on the file, with those variables set.
 function(add_python_test name file)
-    add_test(NAME ${name} COMMAND ${SYSTEM_PYTHON3} -m pytest -q -p no:cacheprovider ${file})
+    add_test(NAME ${name} COMMAND ${SYSTEM_PYTHON3} -m pytest -q -rs -p no:cacheprovider ${file})
     set_property(TEST ${name} PROPERTY TIMEOUT 600)
     set_property(TEST ${name} PROPERTY ENVIRONMENT
         PYTHONDONTWRITEBYTECODE=1 SORELAPP_SOURCE_DIR=${PROJECT_SOURCE_DIR} ${ARGN})

@@ -145,3 +145,22 @@ def test_a_failed_installation_says_what_to_do(tmp_path):
     assert (done.stdout, done.returncode) == ("", 1)
     assert "no network\n" in done.stderr
     assert "dev: apt-get update failed; install by hand, then try again" in done.stderr
+
+
+def test_checks_that_were_left_out_are_named_with_the_reason(tmp_path):
+    program = shutil.copy(DEV, tmp_path)
+    log = "build/test/Testing/Temporary/LastTest.log"
+    env = standing_in(
+        tmp_path,
+        dpkg_query="shift 3; printf 'installed %s\\n' \"$@\"",
+        cmake=":",
+        ninja="echo no work to do",
+        ctest=f"mkdir -p $(dirname {log}); exit 8",
+    )
+    assert dev("test", program=program, env=env).returncode == 8
+    reason = "tests/link/test_refusals.py:144: there is no compiler"
+    standing_in(tmp_path, ctest=f"""echo 'all passed'
+        printf 'SKIPPED [1] ../../../%s\\n.. [100%%]\\n' '{reason}' '{reason}' >{log}""")
+    done = dev("test", program=program, env=env)
+    assert done.stdout == f"all passed\nskipped: {reason}\n"
+    assert done.returncode == 0
