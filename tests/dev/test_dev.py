@@ -149,6 +149,7 @@ def test_a_failed_installation_says_what_to_do(tmp_path):
 
 def test_checks_that_were_left_out_are_named_with_the_reason(tmp_path):
     program = shutil.copy(DEV, tmp_path)
+    shutil.copytree(ROOT / "scripts", tmp_path / "scripts")
     log = "build/test/Testing/Temporary/LastTest.log"
     env = standing_in(
         tmp_path,

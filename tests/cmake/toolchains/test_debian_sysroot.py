@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""debian-sysroot, and ./dev arm before it builds, in a copy of the tree that holds just the two.
+"""debian-sysroot, and ./dev arm before it builds, in a copy of the tree that holds just these.
 
 The tools of apt are stand-ins, so that no test needs a mirror; but where there is none, apt is real.
 Environment: SORELAPP_SOURCE_DIR, the root of the source tree.
@@ -55,6 +55,7 @@ class Tree:
         for name in ("dev", SCRIPT):
             (self.root / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(ROOT / name, self.root / name)
+        shutil.copytree(ROOT / "scripts", self.root / "scripts")
         self.environment = os.environ | {
             "PATH": f"{self.programs}:{os.environ['PATH']}",
             "PACKAGES": str(packages),
