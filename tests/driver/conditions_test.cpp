@@ -75,10 +75,7 @@ TEST_F(Conditions, a_stuck_register_of_a_measurement_leaves_the_readings_as_they
 TEST_F(Conditions, an_initialisation_script_does_not_move_a_stuck_register)
 {
     openIn("[[faults]]\nstuck = 0x010\nvalue = 3\n[[faults]]\nstuck = 0x032\nvalue = 7\n");
-    const std::string script = file("write 0x10 1\nwrite 0x32 50\nwrite 0x33 50\n");
-    ASSERT_EQ(radioInitByScript(context, RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ,
-                                RADIO_BAND_7, script.c_str()),
-              RADIO_ESUCCESS);
+    ASSERT_EQ(initByScript("write 0x10 1\nwrite 0x32 50\nwrite 0x33 50\n"), RADIO_ESUCCESS);
     EXPECT_EQ(at(SCRATCH), 3u);
     EXPECT_EQ(at(TX_MAX_POWER), 7u);
     EXPECT_EQ(at(TX_MAX_POWER + 1), 50u);

@@ -71,10 +71,7 @@ TEST_F(InScenario, registers_hold_their_values_from_the_opening_on)
 TEST_F(InScenario, a_script_writes_over_the_first_values)
 {
     openIn("[registers]\n0x010 = 1\n0x032 = -100\n0x033 = -100\n");
-    const std::string script = file("write 0x32 50\nwrite 0x10 2\n");
-    ASSERT_EQ(radioInitByScript(context, RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ,
-                                RADIO_BAND_7, script.c_str()),
-              RADIO_ESUCCESS);
+    ASSERT_EQ(initByScript("write 0x32 50\nwrite 0x10 2\n"), RADIO_ESUCCESS);
     EXPECT_EQ(at(TX_MAX_POWER), 50u);
     EXPECT_EQ(at(TX_MAX_POWER + 1), static_cast<uint32_t>(-100));
     EXPECT_EQ(at(SCRATCH), 2u);

@@ -42,6 +42,13 @@ protected:
         context = radioOpen();
     }
 
+    // radioInitByScript() with a script of that text.
+    RadioReturn initByScript(const std::string &text)
+    {
+        return radioInitByScript(context, RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ,
+                                 RADIO_BAND_7, file(text).c_str());
+    }
+
     // What radioOpen() says on standard error about that scenario, without the name of the file.
     std::string complaintsAbout(const std::string &text)
     {

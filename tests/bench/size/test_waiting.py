@@ -52,6 +52,7 @@ def test_of_a_small_program_little_counts_emulated_or_not():
     assert 0 < measure(footprint("write", 0, "none"), EMULATOR).resident < 4096
 
 
+# Of the emulator, so there is nothing to look at without one; ./dev arm has one.
 @pytest.mark.skipif(not EMULATOR, reason="what is built here needs no emulator")
 def test_the_emulator_has_more_memory_than_what_counts():
     command = footprint("write", 0, "none")

@@ -9,9 +9,8 @@ import urllib.request
 from contextlib import contextmanager
 from pathlib import Path
 
-from debian import output, run
+from debian import SOURCE, output, run
 
-RELEASE = "bookworm"
 SECONDS = 300  # longer than any command takes there
 
 
@@ -60,12 +59,10 @@ class System:
 
 
 def mirror():
-    """The mirror of Debian that this machine uses."""
-    targets = output(
-        "apt-get", "indextargets", "--format", "$(RELEASE) $(SITE)", "Identifier: Packages"
-    )
-    sites = [line.split()[1] for line in targets.splitlines() if line.startswith(RELEASE + " ")]
-    return (sites or ["http://deb.debian.org/debian"])[0]
+    """The mirror and the release of Debian that the sysroot of the board is from."""
+    sources = SOURCE / "build/sysroot/armhf/etc/apt/sources.list"
+    _, _, site, release, _ = sources.read_text().split()
+    return site, release
 
 
 def check_that_it_can_be_made():
@@ -73,10 +70,11 @@ def check_that_it_can_be_made():
         raise CannotBeMade("only root can make a system")
     if not shutil.which("debootstrap"):
         raise CannotBeMade("there is no debootstrap")
+    site, release = mirror()
     try:
-        urllib.request.urlopen(f"{mirror()}/dists/{RELEASE}/Release", timeout=30).close()
+        urllib.request.urlopen(f"{site}/dists/{release}/Release", timeout=30).close()
     except (urllib.error.URLError, TimeoutError) as error:
-        raise CannotBeMade(f"the mirror {mirror()} cannot be reached: {error}") from error
+        raise CannotBeMade(f"the mirror {site} cannot be reached: {error}") from error
 
 
 @contextmanager
@@ -93,5 +91,6 @@ def fresh_debian(folder):
         if said:
             raise CannotBeMade(f"nothing can be mounted: {said}")
         system = System(holder.pid, folder)
-        output(*system.enter, "debootstrap", "--variant=minbase", RELEASE, folder, mirror())
+        site, release = mirror()
+        output(*system.enter, "debootstrap", "--variant=minbase", release, folder, site)
         yield system

@@ -57,6 +57,7 @@ def fresh_system(tmp_path_factory):
             system.apt("update")
             yield system
     except CannotBeMade as reason:
+        # What it takes, not every machine that makes packages has: root, mounts, a mirror.
         pytest.skip(f"no fresh Debian 12: {reason}")
 
 
