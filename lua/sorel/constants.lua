@@ -11,6 +11,8 @@
 -- RadioBand. Members whose names end in _COUNT, _INVALID and _NULL belong to it, though the driver
 -- refuses them. The values are those of the module `radio`, looked up at each call.
 
+local nearest = require "sorel.internal.nearest"
+
 local constants = {}
 
 -- In the order of sorel.h.
@@ -23,47 +25,12 @@ local groups = {
 -- What the names of a group's members match, where it is not the group's name and "_" in front.
 local patterns = { RADIO_RETURN = "^RADIO_E%u+$", RADIO_LOOPBACK = "^RADIO_.*_LOOPBACK$" }
 
--- How many characters to replace, insert or remove to make one text of the other (Levenshtein).
-local function distance(one, other)
-    local row = {}
-    for column = 0, #other do row[column] = column end
-    for place = 1, #one do
-        local diagonal = row[0]
-        row[0] = place
-        for column = 1, #other do
-            local changed = one:byte(place) == other:byte(column) and 0 or 1
-            local best = math.min(row[column] + 1, row[column - 1] + 1, diagonal + changed)
-            diagonal, row[column] = row[column], best
-        end
-    end
-    return row[#other]
-end
-
--- The first of the names that is as near as any; nil where nearness gives no number.
-local function nearest(names, nearness)
-    local best, least = nil, math.huge
-    for _, name in ipairs(names) do
-        local far = nearness(name)
-        if far < least then best, least = name, far end
-    end
-    return best
-end
-
-local function suggestion(name)
-    return name and "; did you mean " .. name .. "?" or ""
-end
-
--- Whether the text lacks what all names of the group begin with, or case, makes no difference.
 local function nearest_name(names, group, text)
-    text = text:upper()
-    return nearest(names, function(name)
-        local rest = name:gsub("^" .. group .. "_", "")
-        return math.min(distance(text, name), distance(text, rest))
-    end)
+    return nearest.name(names, text, group .. "_")
 end
 
 local function nearest_value(names, value)
-    return nearest(names, function(name) return math.abs(radio[name] - value) end)
+    return nearest.by(names, function(name) return math.abs(radio[name] - value) end)
 end
 
 -- By value, and by name where values are the same.
@@ -86,7 +53,7 @@ local function check_group(group)
         if known == group then return end
     end
     local meant = type(group) == "string" and nearest_name(groups, "RADIO", group) or nil
-    error("there is no group of constants " .. tostring(group) .. suggestion(meant), 3)
+    error("there is no group of constants " .. tostring(group) .. nearest.suggestion(meant), 3)
 end
 
 --- The groups' names.
@@ -115,7 +82,7 @@ function constants.name(group, value)
         if radio[name] == value then return name end
     end
     local meant = type(value) == "number" and nearest_value(names, value) or nil
-    return nil, group .. " has no member of value " .. tostring(value) .. suggestion(meant)
+    return nil, group .. " has no member of value " .. tostring(value) .. nearest.suggestion(meant)
 end
 
 --- The value of a member, given by its name or value.
@@ -135,7 +102,7 @@ function constants.value(group, member)
         if name == member then return radio[name] end
     end
     local meant = type(member) == "string" and nearest_name(names, group, member) or nil
-    return nil, group .. " has no member " .. tostring(member) .. suggestion(meant)
+    return nil, group .. " has no member " .. tostring(member) .. nearest.suggestion(meant)
 end
 
 return constants

@@ -1,0 +1,79 @@
+-- SPDX-License-Identifier: LicenseRef-Proprietary
+local kit = require "kit"
+local nearest = require "sorel.internal.nearest"
+local output = require "sorel.internal.output"
+local text = require "sorel.internal.text"
+local check = kit.check
+
+TestNearest = {}
+
+function TestNearest.test_a_misspelt_name_stands_for_the_nearest()
+    check.assertEquals(nearest.name({ "average", "settle" }, "Avrage"), "average")
+    check.assertEquals(nearest.name({ "RADIO_BAND_7", "RADIO_BAND_38" }, "38", "RADIO_BAND_"), "RADIO_BAND_38")
+end
+
+function TestNearest.test_what_is_like_none_of_them_stands_for_none()
+    check.assertNil(nearest.name({ "average", "settle" }, "frequency"))
+    check.assertNil(nearest.name({}, "average"))
+end
+
+TestColumns = {}
+
+function TestColumns.test_columns_are_aligned_and_lines_end_without_blanks()
+    check.assertEquals(
+        text.columns({ { "name", "low", "unit" }, { "power", 7 }, { "n", -12.5, "dB" } }, "lr"),
+        { "name     low  unit", "power      7", "n      -12.5  dB" })
+end
+
+TestWrap = {}
+
+function TestWrap.test_lines_have_the_width_and_a_longer_word_has_its_own()
+    check.assertEquals(text.wrap("one two three, extraordinary", 9, " "),
+        { " one two", " three,", " extraordinary" })
+    check.assertEquals(text.wrap("", 9), {})
+end
+
+TestNumber = {}
+
+function TestNumber.test_numbers_are_the_same_on_every_machine()
+    check.assertEquals(text.number(2655000000), "2655000000")
+    check.assertEquals(text.number(-92.34375), "-92.34375")
+    check.assertEquals({ text.number(0 / 0), text.number(-(0 / 0)) }, { "nan", "nan" })
+end
+
+TestCsv = {}
+
+function TestCsv.test_what_would_be_misread_is_quoted()
+    check.assertEquals(output.csv { "a", 'say "b"', "c,d", "e\nf", " g", 2655000000, true },
+        'a,"say ""b""","c,d","e\nf"," g",2655000000,true\r\n')
+end
+
+function TestCsv.test_nil_is_empty()
+    check.assertEquals(output.csv({ nil, 2, nil }, 3), ",2,\r\n")
+end
+
+TestOutput = {}
+
+function TestOutput.test_a_file_holds_what_was_written()
+    local path = os.tmpname()
+    local file = output.open(path)
+    file:write("one\r\n")
+    file:write("two")
+    file:close()
+    file:close()
+    check.assertEquals(kit.content(path), "one\r\ntwo")
+    os.remove(path)
+end
+
+function TestOutput.test_a_file_that_cannot_be_made_is_named()
+    check.assertEquals(kit.raised(output.open, "/nowhere/rows.csv"),
+        "cannot write /nowhere/rows.csv: No such file or directory")
+end
+
+function TestOutput.test_a_full_disk_is_an_error()
+    local file = output.open("/dev/full")
+    file:write("lost")
+    check.assertEquals(kit.raised(file.close, file), "cannot write /dev/full: No space left on device")
+end
+
+kit.run()
