@@ -15,9 +15,18 @@ TYPED = re.compile(rf"^({re.escape(BASH_PROMPT)}|{re.escape(PROMPT)})(.*)$", re.
 
 
 def sessions_of(document):
-    """The sessions that a document of Markdown shows, given by its path in the source tree."""
-    blocks = (SOURCE / document).read_text().split("\n\n")
-    return [textwrap.dedent(block) for block in blocks if block.startswith("    $ ")]
+    """The sessions that a document of Markdown shows, given by its path in the source tree. Each
+    begins at a prompt of bash; empty lines belong to it as long as indented lines follow."""
+    sessions = []
+    inside = False
+    for block in (SOURCE / document).read_text().split("\n\n"):
+        begins = block.startswith("    " + BASH_PROMPT)
+        inside = begins or (inside and block.startswith("    "))
+        if begins:
+            sessions.append(block)
+        elif inside:
+            sessions[-1] += "\n\n" + block
+    return [textwrap.dedent(session).rstrip("\n") for session in sessions]
 
 
 def bash(folder, variables):
