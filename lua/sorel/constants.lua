@@ -11,6 +11,7 @@
 -- RadioBand. Members whose names end in _COUNT, _INVALID and _NULL belong to it, though the driver
 -- refuses them. The values are those of the module `radio`, looked up at each call.
 
+local can_be_chosen = require("sorel.internal.members").can_be_chosen
 local nearest = require "sorel.internal.nearest"
 
 local constants = {}
@@ -30,7 +31,17 @@ local function nearest_name(names, group, text)
 end
 
 local function nearest_value(names, value)
-    return nearest.by(names, function(name) return math.abs(radio[name] - value) end)
+    return nearest.by(names, function(name)
+        return can_be_chosen(name) and math.abs(radio[name] - value) or math.huge
+    end)
+end
+
+local function nearest_member(names, group, text)
+    local choices = {}
+    for _, name in ipairs(names) do
+        if can_be_chosen(name) then choices[#choices + 1] = name end
+    end
+    return nearest_name(choices, group, text)
 end
 
 -- By value, and by name where values are the same.
@@ -74,7 +85,7 @@ end
 -- @param group a group's name; another one is an error
 -- @param value a number
 -- @return the name, the first of them where several members have the value; or nil and a text that
--- says what there is no member for, and which one is nearest
+-- says what there is no member for, and which one that the driver takes is nearest
 function constants.name(group, value)
     check_group(group)
     local names = members_of(group)
@@ -88,8 +99,8 @@ end
 --- The value of a member, given by its name or value.
 -- @param group a group's name; another one is an error
 -- @param member a name, or a number, which has to be a member's value
--- @return the value; or nil and a text that says what there is no member for, and which one is
--- nearest
+-- @return the value; or nil and a text that says what there is no member for, and which one
+-- that the driver takes is nearest
 function constants.value(group, member)
     check_group(group)
     if type(member) == "number" then
@@ -101,7 +112,7 @@ function constants.value(group, member)
     for _, name in ipairs(names) do
         if name == member then return radio[name] end
     end
-    local meant = type(member) == "string" and nearest_name(names, group, member) or nil
+    local meant = type(member) == "string" and nearest_member(names, group, member) or nil
     return nil, group .. " has no member " .. tostring(member) .. nearest.suggestion(meant)
 end
 

@@ -65,7 +65,7 @@ def test_each_value_has_its_name_and_is_a_value(group):
         ("'radio_band_38'", "RADIO_BAND has no member radio_band_38; did you mean RADIO_BAND_38?"),
         ("'gsm_900e'", "RADIO_BAND has no member gsm_900e; did you mean RADIO_BAND_GSM_900E?"),
         ("26", "RADIO_BAND has no member of value 26; did you mean RADIO_BAND_25?"),
-        ("1e9", "RADIO_BAND has no member of value 1000000000; did you mean RADIO_BAND_COUNT?"),
+        ("1e9", "RADIO_BAND has no member of value 1000000000; did you mean RADIO_BAND_255?"),
         ("7.4", "RADIO_BAND has no member of value 7.4; did you mean RADIO_BAND_7?"),
         ("nil", "RADIO_BAND has no member nil"),
     ],
@@ -77,6 +77,17 @@ def test_what_is_no_member_has_no_value_and_the_nearest_one_is_named(member, mes
 def test_a_value_without_a_name_has_none_and_the_nearest_one_is_named():
     assert constants("print(constants.name('RADIO_STATE', 2))") == [
         "nil\tRADIO_STATE has no member of value 2; did you mean RADIO_STATE_ENABLE?"
+    ]
+
+
+def test_what_the_driver_refuses_is_never_suggested():
+    assert constants(
+        "print(constants.name('RADIO_MODE', 19)) print(constants.value('RADIO_CONF', -2)) "
+        "print(constants.value('RADIO_MODE', 'RADIO_MODE_COUNTS'))"
+    ) == [
+        "nil\tRADIO_MODE has no member of value 19; did you mean RADIO_MODE_TD_SCDMA_NODEB?",
+        "nil\tRADIO_CONF has no member of value -2; did you mean RADIO_CONF_SISO?",
+        "nil\tRADIO_MODE has no member RADIO_MODE_COUNTS; did you mean RADIO_MODE_3GUERX?",
     ]
 
 

@@ -9,6 +9,7 @@
 --     check.raise("sweep.run", mistakes, 2)
 
 local constants = require "sorel.constants"
+local can_be_chosen = require("sorel.internal.members").can_be_chosen
 local nearest = require "sorel.internal.nearest"
 
 local check = {}
@@ -31,6 +32,40 @@ local function number(value, rule)
     return value
 end
 
+-- The group of constants that a name is in, if there is one.
+local function group_of(name)
+    for _, group in ipairs(constants.groups()) do
+        if constants.value(group, name) then return group end
+    end
+    return nil
+end
+
+-- "RADIO_CONF_SISO to RADIO_CONF_MIMO"
+local function choices_of(group)
+    local first, last
+    for _, name in ipairs(constants.members(group)) do
+        if can_be_chosen(name) then first, last = first or name, name end
+    end
+    return first .. " to " .. last
+end
+
+local function constant(value, group)
+    local kind = type(value)
+    if kind ~= "number" and kind ~= "string" then
+        return nil, ("a name or value of %s is expected, got %s"):format(group, what(value))
+    end
+    local found, message = constants.value(group, value)
+    if not found then
+        local other = kind == "string" and group_of(value)
+        if not other then return nil, message end
+        return nil, ("%s is a member of %s, one of %s is expected"):format(value, other, group)
+    end
+    local name = kind == "string" and value or constants.name(group, value)
+    if can_be_chosen(name) then return found end
+    local given = kind == "number" and value .. ", which is " .. name .. "," or name
+    return nil, ("%s cannot be chosen; there are %s"):format(given, choices_of(group))
+end
+
 local function choice(value, rule)
     for _, one in ipairs(rule.choices) do
         if one == value then return value end
@@ -44,12 +79,7 @@ end
 -- wrong
 function check.value(value, rule)
     local kind = type(value)
-    if rule.group then
-        if kind ~= "number" and kind ~= "string" then
-            return nil, ("a name or value of %s is expected, got %s"):format(rule.group, what(value))
-        end
-        return constants.value(rule.group, value)
-    end
+    if rule.group then return constant(value, rule.group) end
     if rule.type and (kind ~= rule.type or value ~= value) then
         return nil, ("%s is expected, got %s"):format(article[rule.type], what(value))
     end
@@ -77,7 +107,8 @@ end
 --   { KEY, required = true,       nil is a mistake
 --     default = VALUE,            what stands for nil
 --     type = "number",            Lua's name of a type; not-a-number is no number
---     group = "RADIO_BAND",       in place of a type: a constant of that group, by name or value
+--     group = "RADIO_BAND",       in place of a type: a constant of that group, by name or value;
+--                                 not its COUNT, INVALID and NULL, which the driver refuses
 --     integer = true, least = N, most = N,    for numbers
 --     choices = { "csv", ... },   one of these
 --     check = function(value) }   gives the value to take, or nil and what is wrong

@@ -73,6 +73,26 @@ function TestFields.test_a_constant_is_a_name_or_a_number()
     check.assertEquals(mistakes, { "band: a name or value of RADIO_BAND is expected, got true" })
 end
 
+function TestFields.test_a_constant_of_another_group_is_named_with_both()
+    local _, mistakes = checked.fields({ band = "RADIO_MODE_3GNODEB" }, RULES)
+    check.assertEquals(mistakes, {
+        "band: RADIO_MODE_3GNODEB is a member of RADIO_MODE, one of RADIO_BAND is expected",
+    })
+end
+
+function TestFields.test_what_stands_for_no_band_cannot_be_chosen_by_name_or_value()
+    for given, named in pairs {
+        RADIO_BAND_COUNT = "RADIO_BAND_COUNT", RADIO_BAND_INVALID = "RADIO_BAND_INVALID",
+        RADIO_BAND_NULL = "RADIO_BAND_NULL", [-1] = "-1, which is RADIO_BAND_NULL,",
+        [256] = "256, which is RADIO_BAND_COUNT,",
+    } do
+        local _, mistakes = checked.fields({ band = given }, RULES)
+        check.assertEquals(mistakes, {
+            "band: " .. named .. " cannot be chosen; there are RADIO_BAND_1 to RADIO_BAND_255",
+        })
+    end
+end
+
 function TestFields.test_what_is_no_table_is_a_mistake_of_its_place()
     local _, whole = checked.fields(5, RULES)
     check.assertEquals(whole, { "a table is expected, got a number" })
