@@ -87,7 +87,7 @@ def test_what_the_driver_refuses_is_never_suggested():
     ) == [
         "nil\tRADIO_MODE has no member of value 19; did you mean RADIO_MODE_TD_SCDMA_NODEB?",
         "nil\tRADIO_CONF has no member of value -2; did you mean RADIO_CONF_SISO?",
-        "nil\tRADIO_MODE has no member RADIO_MODE_COUNTS; did you mean RADIO_MODE_3GUERX?",
+        "nil\tRADIO_MODE has no member RADIO_MODE_COUNTS; did you mean RADIO_MODE_2GUERX?",
     ]
 
 

@@ -31,17 +31,22 @@ function nearest.by(list, farness)
 end
 
 --- The name that a text most likely stands for. Case makes no difference, nor whether the text
--- lacks what the names begin with.
+-- lacks what the names begin with, whole or its first words: BAND_7 is RADIO_BAND_7.
 -- @param names a list of texts
 -- @param text what stands where one of them should
--- @param prefix what the names begin with and the text may lack; nothing where it is nil
+-- @param prefix what the names begin with and the text may lack, words that end in "_"; nothing
+-- where it is nil
 -- @return nil where more than half of the text, and more than two characters, would have to change
 function nearest.name(names, text, prefix)
     text = text:upper()
     local function farness(name)
         name = name:upper()
-        local rest = prefix and name:sub(1, #prefix) == prefix and name:sub(#prefix + 1) or name
-        return math.min(distance(text, name), distance(text, rest))
+        local least = distance(text, name)
+        if not prefix or name:sub(1, #prefix) ~= prefix then return least end
+        for word_end in prefix:gmatch("_()") do
+            least = math.min(least, distance(text, name:sub(word_end)))
+        end
+        return least
     end
     local name = nearest.by(names, farness)
     return name and farness(name) <= math.max(#text / 2, 2) and name or nil

@@ -12,6 +12,13 @@ function TestNearest.test_a_misspelt_name_stands_for_the_nearest()
     check.assertEquals(nearest.name({ "RADIO_BAND_7", "RADIO_BAND_38" }, "38", "RADIO_BAND_"), "RADIO_BAND_38")
 end
 
+function TestNearest.test_what_names_begin_with_may_lack_its_first_words()
+    local names = { "RADIO_CPRI_RATE_1", "RADIO_CPRI_RATE_10" }
+    for _, given in ipairs { "CPRI_RATE_10", "rate_10", "10", "RADIO_CPRI_RATE10" } do
+        check.assertEquals(nearest.name(names, given, "RADIO_CPRI_RATE_"), "RADIO_CPRI_RATE_10")
+    end
+end
+
 function TestNearest.test_what_is_like_none_of_them_stands_for_none()
     check.assertNil(nearest.name({ "average", "settle" }, "frequency"))
     check.assertNil(nearest.name({}, "average"))
