@@ -85,17 +85,6 @@ local rules = {
     { "settle_s", type = "number", least = 0, most = 60, default = 1 },
 }
 
--- How many elements a list has; nil for what is no list.
-local function length(list)
-    if type(list) ~= "table" then return nil end
-    local count = 0
-    for _ in pairs(list) do count = count + 1 end
-    for place = 1, count do
-        if list[place] == nil then return nil end
-    end
-    return count
-end
-
 -- The elements by a rule; wrong() is told of each mistake.
 local function elements(list, rule, key, wrong)
     local taken = {}
@@ -108,7 +97,7 @@ local function elements(list, rule, key, wrong)
 end
 
 local function words(given, key, wrong)
-    if not length(given) then return wrong(key, "a list of words is expected") end
+    if not check.length(given) then return wrong(key, "a list of words is expected") end
     return elements(given, integer(-2147483648, 4294967295), key, wrong)
 end
 
@@ -120,7 +109,7 @@ local function antennas(given, rule, count, wrong)
         if message then return wrong(key, message) end
         return { value, count == 2 and value or nil }
     end
-    local listed = length(given)
+    local listed = check.length(given)
     if not listed or count and listed ~= count then
         return wrong(key, ("a list of %s is expected, one for each antenna%s"):format(
             count == 1 and "1 value" or count and count .. " values" or "values",

@@ -144,6 +144,17 @@ function check.fields(given, rules, where)
     return values, mistakes
 end
 
+--- How many elements a list has; nil for what is no list, or has other keys than 1, 2, 3...
+function check.length(list)
+    if type(list) ~= "table" then return nil end
+    local count = 0
+    for _ in pairs(list) do count = count + 1 end
+    for place = 1, count do
+        if list[place] == nil then return nil end
+    end
+    return count
+end
+
 --- Raises the mistakes, if there are any: one in a line, several in a line each.
 -- @param subject what the mistakes are in, such as "sweep.run"
 -- @param level as that of error(): 1 is the caller of this function

@@ -14,7 +14,8 @@ local settings = {
             .. "switches on go off again" },
     { name = "calibration_file", type = "string", optional = true,
         text = "file of calibration data; without it those loaded before stay" },
-    { name = "cpri_rate", type = "RADIO_CPRI_RATE", optional = true, text = "starts the CPRI link" },
+    { name = "cpri_rate", type = "RADIO_CPRI_RATE", optional = true, text = "starts the CPRI "
+        .. "link" },
     { name = "oscillator_dac", type = "uint16_t", optional = true,
         text = "DAC that tunes the reference oscillator" },
     { name = "rx_gain_registers", type = "table", optional = true,
@@ -34,7 +35,8 @@ local settings = {
     { name = "rx_gain_mode", type = "RADIO_RX_GAIN", optional = true, default = "RADIO_RX_GAIN_MGC",
         text = "who sets the gain" },
     { name = "rx_gain_db", type = "int16_t", unit = "dB", optional = true,
-        text = "manual gain, of all antennas or a list of one for each; a mistake with an automatic "
+        text = "manual gain, of all antennas or a list of one for each; a mistake with an "
+            .. "automatic "
             .. "mode" },
     { name = "tx_max_power_dbm", type = "number", unit = "dBm", optional = true,
         text = "limit of the output power, in steps of 0.1 dBm, of all antennas or a list of one "
@@ -49,29 +51,36 @@ local settings = {
     { name = "tx_state", type = "RADIO_STATE", optional = true, default = "RADIO_STATE_DISABLE",
         text = "of all transmitters, or a list of one for each" },
     { name = "settle_s", type = "number", unit = "s", optional = true, default = "1",
-        text = "for how long switching on is tried again while the driver refuses, and RTWP is read "
+        text = "for how long switching on is tried again while the driver refuses, and RTWP is "
+            .. "read "
             .. "again while it cannot be" },
 }
 
-local given = { name = "given", type = "table", text = "what the board is to be", fields = settings }
+local given = {
+    name = "given", type = "table", text = "what the board is to be", fields = settings,
+}
 
 return {
     name = "bringup",
     module = "sorel.bringup",
     title = "a board brought up from one table",
-    text = "The radio is reset, or opened if none is open, and then set in the order of the keys; what "
-        .. "the table does not name is as radioInit() leaves it. The transmitter is off until the last "
+    text = "The radio is reset, or opened if none is open, and then set in the order of the "
+        .. "keys; what "
+        .. "the table does not name is as radioInit() leaves it. The transmitter is off until "
+        .. "the last "
         .. "step, and after any failure. Write constants as texts: a misspelt text is a mistake, a "
         .. "misspelt global is nil, as if the key were not there.",
     entries = {
         {
             name = "bringup.run",
-            text = "Checks the table, every mistake at once and before the board is touched, and brings "
+            text = "Checks the table, every mistake at once and before the board is touched, and "
+                .. "brings "
                 .. "the board up.",
             arguments = { given },
             results = {
                 { name = "state", type = "table",
-                    text = "what bringup.read() returns, and settings: what the table says, constants "
+                    text = "what bringup.read() returns, and settings: what the table says, "
+                        .. "constants "
                         .. "as numbers, and of what antennas have a list of one value each" },
             },
             errors = {
@@ -85,16 +94,19 @@ return {
             text = "Says what is wrong with a table, without a call of the driver.",
             arguments = { given },
             results = {
-                { name = "mistakes", type = "table", text = "list of texts, empty for a right table" },
+                { name = "mistakes", type = "table", text = "list of texts, empty for a right "
+                    .. "table" },
             },
             example = "for _, mistake in ipairs(bringup.check(cell)) do print(mistake) end",
         },
         {
             name = "bringup.steps",
-            text = "Says what bringup.run() would do. Of the driver it asks only whether a radio is "
+            text = "Says what bringup.run() would do. Of the driver it asks only whether a radio "
+                .. "is "
                 .. "open.",
             arguments = { given },
-            results = { { name = "steps", type = "table", text = "list of texts, in their order" } },
+            results = { { name = "steps", type = "table", text = "list of texts, in their "
+                .. "order" } },
             errors = { "the mistakes in the table" },
             example = "for number, step in ipairs(bringup.steps(cell)) do print(number, step) end",
         },

@@ -25,7 +25,8 @@ local function commands(more)
     return { unpack(taken, 2) }
 end
 
-local INIT = "radioInit(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7) = RADIO_ESUCCESS"
+local INIT = "radioInit(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7) = "
+    .. "RADIO_ESUCCESS"
 
 local function content_file(content)
     local path = os.tmpname()
@@ -85,8 +86,8 @@ end
 
 function TestSteps.test_antennas_have_values_of_their_own()
     check.assertEquals(commands {
-        rx_gain_db = { 30, 40 }, tx_max_power_dbm = { 10, 9.3 }, tx_channel = 2850, rx_channel = 20850,
-        tx_state = { "RADIO_STATE_DISABLE", "RADIO_STATE_ENABLE" },
+        rx_gain_db = { 30, 40 }, tx_max_power_dbm = { 10, 9.3 }, tx_channel = 2850,
+        rx_channel = 20850, tx_state = { "RADIO_STATE_DISABLE", "RADIO_STATE_ENABLE" },
     }, {
         INIT,
         "radioSetTxChannel(2850) = RADIO_ESUCCESS",
@@ -119,7 +120,8 @@ end
 function TestSteps.test_what_an_initialisation_script_switched_on_goes_off()
     local script = content_file("delay 200 us\nwrite 0x30 1\n")
     check.assertEquals(commands { script = script, tx_max_power_dbm = 0 }, {
-        "radioInitByScript(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7, \"" .. script
+        "radioInitByScript(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7, "
+            .. "\"" .. script
             .. "\") = RADIO_ESUCCESS",
         "radioSetTxState(RADIO_STATE_DISABLE) = RADIO_ESUCCESS",
         "radioSetTxMaxPower(0) = RADIO_ESUCCESS",
@@ -202,8 +204,10 @@ end
 
 -- One mistake of a table in each row: what the table has besides, and what is said.
 local ONE = {
-    { { tx_frequency_hz = 2655 }, "tx_frequency_hz: 2655 Hz is below 10 MHz; did you mean 2655000000?" },
-    { { tx_frequency_hz = 2.655 }, "tx_frequency_hz: 2.655 Hz is below 10 MHz; did you mean 2655000000?" },
+    { { tx_frequency_hz = 2655 }, "tx_frequency_hz: 2655 Hz is below 10 MHz; did you mean "
+        .. "2655000000?" },
+    { { tx_frequency_hz = 2.655 }, "tx_frequency_hz: 2.655 Hz is below 10 MHz; did you mean "
+        .. "2655000000?" },
     { { rx_frequency_hz = 2535000 },
         "rx_frequency_hz: 2535000 Hz is below 10 MHz; did you mean 2535000000?" },
     { { rx_frequency_hz = -1 }, "rx_frequency_hz: -1 Hz is below 10 MHz" },
@@ -211,31 +215,36 @@ local ONE = {
         "rx_frequency_hz: 4294967296 Hz is above 4294967295 Hz" },
     { { rx_frequency_hz = 2535e6 + 0.5 }, "rx_frequency_hz: 2535000000.5 is not a whole number" },
     { { tx_frequency_hz = "2655e6" }, "tx_frequency_hz: a number is expected, got a text" },
-    { { tx_frequency = 2655e6 }, "tx_frequency: there is no such key; did you mean tx_frequency_hz?" },
+    { { tx_frequency = 2655e6 }, "tx_frequency: there is no such key; did you mean "
+        .. "tx_frequency_hz?" },
     { { tx_frequency_hz = 2655e6, tx_channel = 2850 },
         "tx_channel: tx_frequency_hz is given too; give one of them" },
     { { rx_channel = 65536 }, "rx_channel: 65536 is above 65535" },
-    { { mode = "RADIO_MODE_4GENODEB_TDD_20MHZ", tx_frequency_hz = 2570e6, rx_frequency_hz = 2580e6 },
+    { { mode = "RADIO_MODE_4GENODEB_TDD_20MHZ", tx_frequency_hz = 257e7, rx_frequency_hz = 258e7 },
         "rx_frequency_hz: in RADIO_MODE_4GENODEB_TDD_20MHZ both directions have one frequency; "
             .. "give that of one of them" },
     { { mode = "RADIO_MODE_TD_SCDMA_NODEB", tx_frequency_hz = 2570e6, rx_channel = 38000 },
         "rx_channel: in RADIO_MODE_TD_SCDMA_NODEB both directions have one frequency; "
             .. "give that of one of them" },
     { { rx_gain_mode = "RADIO_RX_GAIN_AGC_SLOW", rx_gain_db = 30 },
-        "rx_gain_db: in RADIO_RX_GAIN_AGC_SLOW the gain sets itself; it is set in RADIO_RX_GAIN_MGC" },
+        "rx_gain_db: in RADIO_RX_GAIN_AGC_SLOW the gain sets itself; it is set in "
+            .. "RADIO_RX_GAIN_MGC" },
     { { rx_gain_db = 40000 }, "rx_gain_db: 40000 is above 32767" },
     { { rx_gain_db = { 30, 30.5 } }, "rx_gain_db[2]: 30.5 is not a whole number" },
-    { { rx_gain_db = { 30 } }, "rx_gain_db: a list of 2 values is expected, one for each antenna, got 1" },
+    { { rx_gain_db = { 30 } }, "rx_gain_db: a list of 2 values is expected, one for each "
+        .. "antenna, got 1" },
     { { configuration = "RADIO_CONF_SISO", rx_gain_db = { 30, 40 } },
         "rx_gain_db: a list of 1 value is expected, one for each antenna, got 2" },
     { { rx_gain_db = { first = 30, 40 } },
         "rx_gain_db: a list of 2 values is expected, one for each antenna" },
     { { tx_max_power_dbm = 10.25 }, "tx_max_power_dbm: 10.25 dBm is no multiple of 0.1 dBm" },
     { { tx_max_power_dbm = 3276.8 }, "tx_max_power_dbm: 3276.8 is above 3276.7" },
-    { { tx_dc_offsets = 3 }, "tx_dc_offsets: a list of 2 values is expected, one for each antenna" },
+    { { tx_dc_offsets = 3 }, "tx_dc_offsets: a list of 2 values is expected, one for each "
+        .. "antenna" },
     { { tx_dc_offsets = { { in_phase = 1, quadrature = 2 }, { in_phase = 32768 } } },
         "tx_dc_offsets[2]: in_phase: 32768 is above 32767; quadrature: is missing" },
-    { { rx_gain_registers = { 0, "1" } }, "rx_gain_registers[2]: a number is expected, got a text" },
+    { { rx_gain_registers = { 0, "1" } }, "rx_gain_registers[2]: a number is expected, got a "
+        .. "text" },
     { { tx_power_registers = { -2147483649 } },
         "tx_power_registers[1]: -2147483649 is below -2147483648" },
     { { tx_power_registers = 5 }, "tx_power_registers: a list of words is expected" },
@@ -259,7 +268,8 @@ end
 function TestMistakes.test_in_time_division_one_direction_or_the_same_twice_is_right()
     local mode = "RADIO_MODE_4GENODEB_TDD_20MHZ"
     check.assertEquals(mistakes_of { mode = mode, rx_channel = 38000 }, {})
-    check.assertEquals(mistakes_of { mode = mode, tx_frequency_hz = 2595e6, rx_frequency_hz = 2595e6 }, {})
+    local both = { mode = mode, tx_frequency_hz = 2595e6, rx_frequency_hz = 2595e6 }
+    check.assertEquals(mistakes_of(both), {})
 end
 
 TestState = {}
@@ -271,7 +281,8 @@ function TestState.test_what_can_be_read_is_and_the_settings_are_there_in_number
     check.assertEquals({ first.gain_db, second.gain_db }, { 30, 40 })
     check.assertAlmostEquals(first.rtwp_dbm, -85, 5)
     check.assertEquals(
-        { state.driver, state.platform, state.chips, state.oscillator_dac, state.oscillator_dac_width },
+        { state.driver, state.platform, state.chips, state.oscillator_dac,
+            state.oscillator_dac_width },
         { radioVersion(), "simulated board", 1, 32768, 16 })
     check.assertAlmostEquals(state.temperature_c, 28, 2)
     check.assertEquals(state.debug_level, RADIO_DEBUG_NONE)
@@ -300,7 +311,8 @@ end
 function TestState.test_only_a_state_is_printed()
     for _, given in ipairs { false, {} } do
         check.assertStrMatches(kit.raised(function() bringup.print(given) end),
-            ".*test_bringup.lua:%d+: bringup.print: what bringup.run.. or bringup.read.. returned is expected")
+            ".*test_bringup.lua:%d+: bringup.print: what bringup.run.. or bringup.read.. "
+                .. "returned is expected")
     end
 end
 

@@ -105,6 +105,15 @@ function TestFields.test_keys_are_named_with_their_place()
     check.assertEquals(mistakes, { "steps[3].band: is missing" })
 end
 
+TestLength = {}
+
+function TestLength.test_a_list_has_a_length_and_nothing_else_has()
+    check.assertEquals({ checked.length {}, checked.length { false, 2 } }, { 0, 2 })
+    for _, other in ipairs { 5, "ab", { 1, nil, 3 }, { first = 1 }, { 1, first = 2 }, { [0] = 1 } } do
+        check.assertNil(checked.length(other))
+    end
+end
+
 TestRaise = {}
 
 function TestRaise.test_no_mistake_is_no_error()
