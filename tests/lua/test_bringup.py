@@ -150,6 +150,27 @@ def test_readings_that_fail_are_dashes():
     ]
 
 
+@pytest.mark.parametrize(
+    ("more", "lines"),
+    [
+        ("", ["transmit     middle of the band, off",
+              "receive      middle of the band, RADIO_RX_GAIN_MGC"]),
+        ("rx_frequency_hz = 2595e6, rx_gain_mode = 2",
+         ["transmit     2595000000 Hz, off",
+          "receive      2595000000 Hz, RADIO_RX_GAIN_AGC_SLOW"]),
+        ("tx_channel = 38000, tx_max_power_dbm = { 10, -3.5 }, tx_state = { 0, 1 }",
+         ["transmit     channel 38000, at most 10.0 dBm and -3.5 dBm, off and on",
+          "receive      channel 38000, RADIO_RX_GAIN_MGC"]),
+        ("script = '/dev/null'",
+         ["transmit     as the script says, off", "receive      as the script says"]),
+    ])
+def test_what_was_set_is_printed_for_both_directions_of_time_division(more, lines):
+    ran = brought_up("bringup.print(bringup.run { configuration = 1, band = 38, "
+                     f"mode = 'RADIO_MODE_4GENODEB_TDD_20MHZ', {more} }})")
+    assert ran.out.splitlines()[2:5] == [
+        "set up       RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_TDD_20MHZ, RADIO_BAND_38", *lines]
+
+
 def test_a_mistake_at_the_prompt_leaves_the_prompt():
     terminal = prompt(driver=SIMULATION, **FOUND)
     type_line(terminal, 'bringup = require "sorel.bringup"')

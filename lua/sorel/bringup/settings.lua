@@ -122,6 +122,12 @@ local function named(group, value)
     return (constants.name(group, value))
 end
 
+--- Whether both directions have one frequency in a mode, a number.
+function settings.time_division(mode)
+    local name = named("RADIO_MODE", mode)
+    return (name:find("_TDD_") or name:find("TD_SCDMA")) ~= nil
+end
+
 -- What keys have to do with each other.
 local function together(values, wrong)
     for _, way in ipairs { "tx", "rx" } do
@@ -129,14 +135,14 @@ local function together(values, wrong)
             wrong(way .. "_channel", way .. "_frequency_hz is given too; give one of them")
         end
     end
-    local mode = values.mode and named("RADIO_MODE", values.mode) or ""
     local tx = values.tx_frequency_hz or values.tx_channel
     local rx = values.rx_frequency_hz or values.rx_channel
     local same = values.tx_frequency_hz == values.rx_frequency_hz
         and values.tx_channel == values.rx_channel
-    if (mode:find("_TDD_") or mode:find("TD_SCDMA")) and tx and rx and not same then
+    if tx and rx and not same and values.mode and settings.time_division(values.mode) then
         wrong(values.rx_channel and "rx_channel" or "rx_frequency_hz",
-            ("in %s both directions have one frequency; give that of one of them"):format(mode))
+            ("in %s both directions have one frequency; give that of one of them"):format(
+                named("RADIO_MODE", values.mode)))
     end
     if values.rx_gain_db and (values.rx_gain_mode or RADIO_RX_GAIN_MGC) ~= RADIO_RX_GAIN_MGC then
         wrong("rx_gain_db", ("in %s the gain sets itself; it is set in RADIO_RX_GAIN_MGC"):format(

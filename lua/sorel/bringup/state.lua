@@ -2,6 +2,7 @@
 --- What can be read back of a radio, and how it is printed.
 
 local constants = require "sorel.constants"
+local settings = require "sorel.bringup.settings"
 local text = require "sorel.internal.text"
 
 local state = {}
@@ -44,9 +45,16 @@ local function told(value, form)
     return value and (form or "%s"):format(value) or "-"
 end
 
-local function direction(frequency, channel)
-    if frequency then return ("%.0f Hz"):format(frequency) end
-    return channel and "channel " .. channel or "middle of the band"
+-- Where a direction, "tx" or "rx", is tuned to; the other one of time division may say it.
+local function tuned(set, way)
+    local other = way == "tx" and "rx" or "tx"
+    local ways = settings.time_division(set.mode) and { way, other } or { way }
+    for _, one in ipairs(ways) do
+        local frequency, channel = set[one .. "_frequency_hz"], set[one .. "_channel"]
+        if frequency then return ("%.0f Hz"):format(frequency) end
+        if channel then return "channel " .. channel end
+    end
+    return set.script and "as the script says" or "middle of the band"
 end
 
 -- Of the antennas' values one where they are the same.
@@ -59,7 +67,7 @@ end
 local function settings_rows(set, add)
     add("set up", constants.name("RADIO_CONF", set.configuration) .. ", "
         .. constants.name("RADIO_MODE", set.mode) .. ", " .. constants.name("RADIO_BAND", set.band))
-    local transmit = { direction(set.tx_frequency_hz, set.tx_channel) }
+    local transmit = { tuned(set, "tx") }
     if set.tx_max_power_dbm then
         transmit[2] = "at most " .. each(set.tx_max_power_dbm, function(power)
             return ("%.1f dBm"):format(power)
@@ -69,8 +77,11 @@ local function settings_rows(set, add)
         return on == RADIO_STATE_ENABLE and "on" or "off"
     end)
     add("transmit", table.concat(transmit, ", "))
-    add("receive", direction(set.rx_frequency_hz, set.rx_channel) .. ", "
-        .. constants.name("RADIO_RX_GAIN", set.rx_gain_mode or RADIO_RX_GAIN_MGC))
+    local receive = { tuned(set, "rx") }
+    if set.rx_gain_mode or not set.script then
+        receive[2] = constants.name("RADIO_RX_GAIN", set.rx_gain_mode or RADIO_RX_GAIN_MGC)
+    end
+    add("receive", table.concat(receive, ", "))
 end
 
 --- A state as lines, with a dash for what could not be read.
