@@ -128,8 +128,8 @@ function settings.time_division(mode)
     return (name:find("_TDD_") or name:find("TD_SCDMA")) ~= nil
 end
 
--- What keys have to do with each other.
-local function together(values, wrong)
+-- What keys have to do with each other; what is wrong by itself is nil in values.
+local function together(values, given, wrong)
     for _, way in ipairs { "tx", "rx" } do
         if values[way .. "_frequency_hz"] and values[way .. "_channel"] then
             wrong(way .. "_channel", way .. "_frequency_hz is given too; give one of them")
@@ -152,8 +152,8 @@ local function together(values, wrong)
         wrong("selected_paths", "RADIO_CONF_SISO has only path 0, RADIO_SELECT_0")
     end
     local on = values.tx_state or {}
-    if (on[1] == RADIO_STATE_ENABLE or on[2] == RADIO_STATE_ENABLE) and not values.tx_max_power_dbm
-    then
+    local switched_on = on[1] == RADIO_STATE_ENABLE or on[2] == RADIO_STATE_ENABLE
+    if switched_on and given.tx_max_power_dbm == nil then
         wrong("tx_max_power_dbm", "is missing; without it tx_state would switch on at full power")
     end
 end
@@ -178,7 +178,7 @@ function settings.checked(given)
             values[key] = antennas(values[key], rule, values.antennas, wrong)
         end
     end
-    together(values, wrong)
+    together(values, given, wrong)
     return values, mistakes
 end
 

@@ -250,6 +250,8 @@ local ONE = {
     { { tx_power_registers = 5 }, "tx_power_registers: a list of words is expected" },
     { { tx_state = "RADIO_STATE_ENABLE" },
         "tx_max_power_dbm: is missing; without it tx_state would switch on at full power" },
+    { { tx_state = "RADIO_STATE_ENABLE", tx_max_power_dbm = "10" },
+        "tx_max_power_dbm: a number is expected, got a text" },
     { { tx_state = true }, "tx_state: a name or value of RADIO_STATE is expected, got true" },
     { { configuration = "RADIO_CONF_SISO", selected_paths = "RADIO_SELECT_1" },
         "selected_paths: RADIO_CONF_SISO has only path 0, RADIO_SELECT_0" },
