@@ -41,6 +41,11 @@ function Writer:write(what)
     check(self, self.file:write(what))
 end
 
+--- Lets others see what has been written, and a full disk show.
+function Writer:flush()
+    check(self, self.file:flush())
+end
+
 --- Ends the file; what is standard output is only flushed. Closing twice does nothing more.
 function Writer:close()
     local file = self.file
@@ -53,7 +58,7 @@ end
 
 --- Begins a file afresh.
 -- @param path where; nil and "-" are standard output
--- @return an object with the methods write(text) and close()
+-- @return an object with the methods write(text), flush() and close()
 function output.open(path)
     local named = path ~= nil and path ~= "-"
     local file, message
@@ -66,6 +71,19 @@ function output.open(path)
     end
     return setmetatable({ file = file, named = named, name = named and path or "standard output" },
         Writer)
+end
+
+--- Writes a file that is closed in every case.
+-- @param path as that of output.open
+-- @param action a function that gets the object to write to; what it raises is raised again
+function output.whole(path, action)
+    local file = output.open(path)
+    local written, message = pcall(action, file)
+    if not written then
+        pcall(file.close, file)
+        error(message, 0)
+    end
+    file:close()
 end
 
 return output

@@ -72,6 +72,37 @@ function TestOutput.test_a_file_holds_what_was_written()
     os.remove(path)
 end
 
+function TestOutput.test_what_is_flushed_can_be_read()
+    local path = os.tmpname()
+    local file = output.open(path)
+    file:write("one")
+    check.assertEquals(kit.content(path), "")
+    file:flush()
+    check.assertEquals(kit.content(path), "one")
+    file:close()
+    os.remove(path)
+end
+
+function TestOutput.test_a_full_disk_shows_when_flushed()
+    local file = output.open("/dev/full")
+    file:write("lost")
+    check.assertEquals(kit.raised(file.flush, file), "cannot write /dev/full: No space left on device")
+end
+
+function TestOutput.test_a_whole_file_is_closed_whatever_is_raised()
+    local path, reason, file = os.tmpname(), {}, nil
+    output.whole(path, function(given) given:write("one") end)
+    check.assertEquals(kit.content(path), "one")
+    check.assertIs(kit.raised(output.whole, path, function(given)
+        file = given
+        given:write("two")
+        error(reason, 0)
+    end), reason)
+    check.assertEquals(kit.content(path), "two")
+    check.assertNil(file.file)
+    os.remove(path)
+end
+
 function TestOutput.test_a_file_that_cannot_be_made_is_named()
     check.assertEquals(kit.raised(output.open, "/nowhere/rows.csv"),
         "cannot write /nowhere/rows.csv: No such file or directory")
