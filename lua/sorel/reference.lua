@@ -35,7 +35,7 @@
 local reference = {}
 
 -- In the order in which they are shown.
-local subjects = { "transmitter", "bringup", "registers" }
+local subjects = { "transmitter", "bringup", "registers", "measure" }
 
 --- The names of all subjects.
 function reference.subjects()
