@@ -35,7 +35,7 @@
 local reference = {}
 
 -- In the order in which they are shown.
-local subjects = { "transmitter", "bringup", "registers", "measure" }
+local subjects = { "transmitter", "bringup", "registers", "sweep", "measure" }
 
 --- The names of all subjects.
 function reference.subjects()
