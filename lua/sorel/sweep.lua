@@ -107,11 +107,15 @@ local function walk(asked, rows, file, state)
     end
 end
 
--- What is said of a sweep that the board, the file or a function of the script's has ended.
-local function stopped(asked, rows, point, reason)
+-- Switches the transmitters off, and says what came of it.
+local function switched_off()
     local off, how = transmitter.off()
-    local state = off and (how and "the radio was reset" or "transmitters off")
-        or "a transmitter may still be on: " .. how
+    if not off then return "a transmitter may still be on: " .. how end
+    return how and "the radio was reset" or "transmitters off"
+end
+
+-- What is said of a sweep that the board, the file or a function of the script's has ended.
+local function stopped(asked, rows, point, reason, state)
     local place = "before its first point"
     if point > 0 then
         place = ("at point %.0f of %.0f, %s"):format(point, asked.count, name_of(asked.axes, point))
@@ -145,13 +149,14 @@ function sweep.run(options)
     last_rows = rows
     local state = { point = 0, progress = progress.begin(asked.csv == "-") }
     local done, reason = pcall(walk, asked, rows, file, state)
+    local off = not done and switched_off()
     state.progress:clear()
     if file then
         local closed, failure = pcall(file.close, file)
-        if done and not closed then done, reason = false, failure end
+        if done and not closed then done, reason, off = false, failure, switched_off() end
     end
     if not done then
-        rows.error = stopped(asked, rows, state.point, tostring(reason))
+        rows.error = stopped(asked, rows, state.point, tostring(reason), off)
         error(rows.error, 0)
     end
     warn_of_failed(asked, rows)
@@ -164,7 +169,7 @@ function sweep.last()
     return last_rows
 end
 
---- The values of a range: from + i * step, without errors that add up.
+--- The values of a range: from + i * step to 14 digits, without errors that add up.
 -- @param range { from = , to = , step = }; `to` belongs to it where a step leads there
 -- @return a list of numbers
 -- @error where the range is none, or has more than 1000000 values

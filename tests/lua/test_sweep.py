@@ -4,6 +4,7 @@
 import csv
 import re
 import subprocess
+from signal import SIGKILL
 
 import pytest
 from shell import (COMMAND, RECORDING, SECONDS, SIMULATION, SOURCE, environment, functions,
@@ -70,6 +71,15 @@ def test_a_driver_that_fails_ends_a_script_with_status_1_and_the_rows_in_the_fil
     assert f"transmitters off; 2 rows are kept in sweep.last() and {file}" in ran.err
     assert ran.log[-3:] == ["radioSetRxGain(context1, 40)", "radioSelect(context1, 2)",
                             "radioSetTxState(context1, 0)"]
+    assert [row["rx_gain_db"] for row in rows(file.read_bytes())] == ["0", "20"]
+
+
+def test_a_shell_that_is_killed_leaves_whole_rows(tmp_path):
+    file = tmp_path / "rows.csv"
+    reading = ("{ name = 'own', read = function() "
+               "if radioGetRxGainIndB() == 40 then os.execute('kill -9 $PPID') end return 0 end }")
+    ran = sweep(f"rx_gain_db = {{ 0, 20, 40 }}, readings = {{ {reading} }}, csv = '{file}'")
+    assert ran.status == -SIGKILL
     assert [row["rx_gain_db"] for row in rows(file.read_bytes())] == ["0", "20"]
 
 

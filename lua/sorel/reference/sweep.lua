@@ -27,7 +27,7 @@ return {
                         quantity("tx_channel", nil, "sets the transmit channel"),
                         quantity("rx_channel", nil, "sets the receive channel"),
                         quantity("rx_gain_db", "dB",
-                            "sets the receive gain, after the gain mode RADIO_RX_GAIN_MGC"),
+                            "sets the receive gain, in mode RADIO_RX_GAIN_MGC, which stays"),
                         quantity("tx_max_power_dbm", "dBm",
                             "sets the transmit power limit, in whole tenths of a dBm"),
                         quantity("tx_max_power_1_dbm", "dBm", "sets that of antenna 1"),
@@ -62,7 +62,7 @@ return {
                             text = "adds columns for the minimum, maximum, deviation and failures "
                                 .. "of each reading" },
                         { name = "select", type = "RADIO_SELECT", optional = true,
-                            text = "the paths to select before the first point" },
+                            text = "the paths to select first; they stay selected" },
                         { name = "csv", type = "string", optional = true,
                             text = [[a file that each row is written to at once; "-" is standard ]]
                                 .. "output" },
@@ -93,7 +93,8 @@ return {
         },
         {
             name = "sweep.points",
-            text = "The values of a range, from + i * step, without errors that add up.",
+            text = "The values of a range, from + i * step to 14 digits, without errors that add "
+                .. "up.",
             arguments = {
                 { name = "range", type = "table", text = "the range",
                     fields = {

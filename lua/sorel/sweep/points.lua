@@ -44,8 +44,15 @@ local function list_points(given, quantity, where, mistakes)
     return { count = #values, at = function(place) return values[place] end }
 end
 
--- Each point by itself from the first, so that no error adds up; the last one is `to` where a step
--- leads there.
+-- A point of a range by itself, so that no error adds up; with no more digits than it is shown
+-- with, and 0 for what is left where the range passes it.
+local function point_at(place, range)
+    local value = range.from + (place - 1) * range.step
+    if math.abs(value) <= math.abs(range.step) * TOLERANCE then return 0 end
+    return tonumber(text.number(value))
+end
+
+-- The last point is `to` where a step leads there.
 local function range_points(range, quantity, where, mistakes)
     local from, to, step = range.from, range.to, range.step
     local steps = (to - from) / step
@@ -58,7 +65,7 @@ local function range_points(range, quantity, where, mistakes)
     local ends = math.abs(steps - (count - 1)) <= TOLERANCE
     return { count = count, at = function(place)
         if place == count and ends then return to end
-        return (on_grid(from + (place - 1) * step, quantity))
+        return (on_grid(point_at(place, range), quantity))
     end }
 end
 

@@ -5,12 +5,7 @@
 
 local UINT32_MAX, UINT16_MAX = 4294967295, 65535
 local INT16_MIN, INT16_MAX = -32768, 32767
-local TENTHS = 10 -- of a dBm
-
--- Levels come in tenths already, but for what binary fractions leave.
-local function tenths(level)
-    return math.floor(level * TENTHS + 0.5)
-end
+local TENTHS = 10 -- of a dBm; a 16-bit number of them is the same again after / 10 * 10
 
 return {
     { key = "tx_frequency_hz", title = "transmit frequency", unit = "Hz",
@@ -32,16 +27,16 @@ return {
         set = function(gain) radioSetRxGain(gain) end },
     { key = "tx_max_power_dbm", title = "transmit power limit", unit = "dBm",
         least = INT16_MIN / TENTHS, most = INT16_MAX / TENTHS, steps_per_unit = TENTHS,
-        set = function(power) radioSetTxMaxPower(tenths(power)) end },
+        set = function(power) radioSetTxMaxPower(power * TENTHS) end },
     { key = "tx_max_power_1_dbm", title = "transmit power limit of antenna 1", unit = "dBm",
         least = INT16_MIN / TENTHS, most = INT16_MAX / TENTHS, steps_per_unit = TENTHS,
         set = function(power)
-            radioSetTxMaxPowerOfAntenna(RADIO_TX_ANTENNA_1, tenths(power))
+            radioSetTxMaxPowerOfAntenna(RADIO_TX_ANTENNA_1, power * TENTHS)
         end },
     { key = "tx_max_power_2_dbm", title = "transmit power limit of antenna 2", unit = "dBm",
         least = INT16_MIN / TENTHS, most = INT16_MAX / TENTHS, steps_per_unit = TENTHS,
         set = function(power)
-            radioSetTxMaxPowerOfAntenna(RADIO_TX_ANTENNA_2, tenths(power))
+            radioSetTxMaxPowerOfAntenna(RADIO_TX_ANTENNA_2, power * TENTHS)
         end },
     { key = "oscillator_dac", title = "oscillator DAC", unit = "",
         least = 0, most = UINT16_MAX, steps_per_unit = 1,

@@ -37,7 +37,14 @@ TestPoints = {}
 function TestPoints.test_no_error_adds_up_and_the_end_is_there()
     check.assertEquals(sweep.points { from = 0, to = 0.3, step = 0.1 }, { 0, 0.1, 0.2, 0.3 })
     local many = sweep.points { from = 0, to = 1e4, step = 0.1 }
-    check.assertEquals({ #many, many[#many - 1], many[#many] }, { 100001, 99999 * 0.1, 1e4 })
+    check.assertEquals({ #many, many[#many - 1], many[#many] }, { 100001, 9999.9, 1e4 })
+    check.assertEquals(sweep.points { from = -0.3, to = 0.7, step = 0.1 },
+        { -0.3, -0.2, -0.1, 0, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7 })
+end
+
+function TestPoints.test_the_end_is_exact_where_the_step_is_not()
+    local values = sweep.points { from = 0, to = 1, step = 0.33333333 }
+    check.assertEquals({ #values, values[4] == 1 }, { 4, true })
 end
 
 function TestPoints.test_the_end_is_left_out_where_no_step_leads_there()
@@ -122,12 +129,15 @@ end
 
 function TestCalls.test_powers_are_tenths_without_error()
     local calls, rows = calls_of {
-        tx_max_power_dbm = { from = -0.3, to = 0.3, step = 0.1 }, readings = { constant(0) },
+        tx_max_power_dbm = { from = -60, to = 24, step = 0.1 }, readings = { constant(0) },
     }
-    local expected = {}
-    for tenth = -3, 3 do expected[#expected + 1] = ("radioSetTxMaxPower(%d)"):format(tenth) end
+    local expected, values = {}, {}
+    for tenth = -600, 240 do
+        expected[#expected + 1] = ("radioSetTxMaxPower(%d)"):format(tenth)
+        values[#values + 1] = tenth / 10
+    end
     check.assertEquals(calls, expected)
-    check.assertEquals(column(rows, "tx_max_power_dbm"), { -0.3, -0.2, -0.1, 0, 0.1, 0.2, 0.3 })
+    check.assertEquals(column(rows, "tx_max_power_dbm"), values)
 end
 
 function TestCalls.test_paths_are_selected_first()
