@@ -149,9 +149,14 @@ def test_a_long_progress_line_is_cut():
     assert max(len(state) for state in text.split("\r")) == 79
 
 
-@pytest.mark.parametrize("options", ["", SLOW + "progress = false, "])
-def test_a_short_sweep_and_one_that_shall_not_show_no_progress(options):
-    assert shown(begin(GAINS + options)) == ""
+def test_a_sweep_within_a_quarter_of_a_second_shows_no_progress():
+    clock = "now = 0 socket.gettime = function() now = now + 0.04 return now end"
+    assert shown(begin(GAINS, clock)) == ""
+    assert "point 4 of 4" in shown(begin(GAINS, clock.replace("0.04", "0.08")))
+
+
+def test_progress_can_be_switched_off():
+    assert shown(begin(GAINS + SLOW + "progress = false")) == ""
 
 
 def test_rows_on_the_terminal_are_not_mixed_with_progress():
