@@ -155,6 +155,31 @@ function check.length(list)
     return count
 end
 
+--- Whether a table is a list of at least one element, without gaps or other keys.
+-- @param given a table
+-- @param name what it is called in messages, such as "steps"
+-- @return how many elements there are up to the first gap; and a list of texts, empty without
+-- mistakes
+function check.list(given, name)
+    local count, gap, others, mistakes = 0, false, {}, {}
+    while given[count + 1] ~= nil do count = count + 1 end
+    for key in pairs(given) do
+        if type(key) ~= "number" or key % 1 ~= 0 or key < 1 then
+            others[#others + 1] = tostring(key)
+        elseif key > count then
+            gap = true
+        end
+    end
+    local function wrong(place, message)
+        mistakes[#mistakes + 1] = ("%s%s: %s"):format(name, place, message)
+    end
+    if gap then wrong(("[%d]"):format(count + 1), "is missing, though there are later ones") end
+    if count == 0 and not gap and #others == 0 then wrong("", "is empty") end
+    table.sort(others)
+    for _, key in ipairs(others) do wrong("." .. key, "a list has no such key") end
+    return count, mistakes
+end
+
 --- Raises the mistakes, if there are any: one in a line, several in a line each.
 -- @param subject what the mistakes are in, such as "sweep.run"
 -- @param level as that of error(): 1 is the caller of this function

@@ -1,5 +1,5 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
---- Texts for a terminal: columns, and paragraphs of a width.
+--- Texts for people: columns, paragraphs of a width, and what is safe to show on a terminal.
 
 local text = {}
 
@@ -10,6 +10,65 @@ function text.number(value)
     return ("%.14g"):format(value)
 end
 
+--- How many columns of a terminal a text takes: the characters of UTF-8, one column each.
+function text.width(value)
+    return select(2, tostring(value):gsub("[^\128-\191]", ""))
+end
+
+-- The characters beyond ASCII (RFC 3629), without control characters and those that are none.
+local characters = {
+    "^\194[\160-\191]", "^[\195-\223][\128-\191]", "^\224[\160-\191][\128-\191]",
+    "^[\225-\236\238][\128-\191][\128-\191]", "^\237[\128-\159][\128-\191]",
+    "^\239[\128-\190][\128-\191]", "^\239\191[\128-\189]",
+    "^\240[\144-\191][\128-\191][\128-\191]", "^[\241-\243][\128-\191][\128-\191][\128-\191]",
+    "^\244[\128-\143][\128-\191][\128-\191]",
+}
+
+local escapes = { ["\t"] = "\\t", ["\n"] = "\\n", ["\r"] = "\\r" }
+
+local function character_at(value, place)
+    for _, pattern in ipairs(characters) do
+        local found = value:match(pattern, place)
+        if found then return found end
+    end
+    return nil
+end
+
+--- A text with what a terminal cannot show, nor a file of UTF-8 hold, written as \n, \x1b, \xff:
+-- control characters, and bytes that are no UTF-8.
+-- @param value the text, of any bytes
+-- @param lines true: tabs and line breaks (\t, \n) stay as they are
+function text.printable(value, lines)
+    local plain = lines and "^[\t\n\32-\126]+" or "^[\32-\126]+"
+    local pieces, place = {}, 1
+    while place <= #value do
+        local piece = value:match(plain, place) or character_at(value, place)
+        place = place + (piece and #piece or 1)
+        if not piece then
+            piece = value:sub(place - 1, place - 1)
+            piece = escapes[piece] or ("\\x%02x"):format(piece:byte())
+        end
+        pieces[#pieces + 1] = piece
+    end
+    return table.concat(pieces)
+end
+
+--- What an error says: its text, or what it is where it has none.
+-- @param value what was raised, anything
+function text.of_error(value)
+    if type(value) == "number" then return text.number(value) end
+    if value == nil or value == "" then return "an error without a message" end
+    if type(value) == "table" or type(value) == "userdata" then
+        local metatable = getmetatable(value)
+        if type(metatable) == "table" and metatable.__tostring then
+            local told, message = pcall(tostring, value)
+            if told and type(message) == "string" then return message end
+        end
+    end
+    if type(value) == "string" or type(value) == "boolean" then return tostring(value) end
+    return "an error that is a " .. type(value)
+end
+
 --- Rows of texts as lines of columns that stand two blanks apart, without blanks at the end.
 -- @param rows a list of lists of texts or numbers; a row may end early
 -- @param alignment a character a column, "l" or "r"; columns beyond are aligned left
@@ -18,14 +77,14 @@ function text.columns(rows, alignment)
     local widths = {}
     for _, row in ipairs(rows) do
         for column, cell in ipairs(row) do
-            widths[column] = math.max(widths[column] or 0, #tostring(cell))
+            widths[column] = math.max(widths[column] or 0, text.width(cell))
         end
     end
     local lines = {}
     for _, row in ipairs(rows) do
         local cells = {}
         for column, cell in ipairs(row) do
-            local padding = (" "):rep(widths[column] - #tostring(cell))
+            local padding = (" "):rep(widths[column] - text.width(cell))
             local right = alignment and alignment:sub(column, column) == "r"
             cells[column] = right and padding .. cell or cell .. padding
         end
@@ -43,7 +102,7 @@ function text.wrap(paragraph, width, indentation)
     indentation = indentation or ""
     local lines, line = {}, nil
     for word in paragraph:gmatch("%S+") do
-        if line and #line + 1 + #word <= width then
+        if line and text.width(line) + 1 + text.width(word) <= width then
             line = line .. " " .. word
         else
             lines[#lines + 1] = line
@@ -52,6 +111,25 @@ function text.wrap(paragraph, width, indentation)
     end
     lines[#lines + 1] = line
     return lines
+end
+
+--- As text.wrap, but a longer word is broken too: no line is wider.
+function text.fold(paragraph, width, indentation)
+    local room = width - text.width(indentation or "")
+    local function broken(word)
+        if text.width(word) <= room then return word end
+        local pieces, length = {}, 0
+        for character in word:gmatch("[^\128-\191][\128-\191]*") do
+            if length == room then
+                pieces[#pieces + 1] = " "
+                length = 0
+            end
+            pieces[#pieces + 1] = character
+            length = length + 1
+        end
+        return table.concat(pieces)
+    end
+    return text.wrap(paragraph:gsub("%S+", broken), width, indentation)
 end
 
 return text

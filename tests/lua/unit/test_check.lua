@@ -114,6 +114,25 @@ function TestLength.test_a_list_has_a_length_and_nothing_else_has()
     end
 end
 
+TestList = {}
+
+function TestList.test_a_list_has_no_mistakes_and_its_length()
+    check.assertEquals({ checked.list({ 1, "b", false }, "steps") }, { 3, {} })
+end
+
+function TestList.test_what_is_no_list_is_told()
+    local function mistakes(given) return select(2, checked.list(given, "steps")) end
+    check.assertEquals(mistakes {}, { "steps: is empty" })
+    check.assertEquals(mistakes { 1, nil, 3 },
+        { "steps[2]: is missing, though there are later ones" })
+    check.assertEquals(mistakes { [2] = 1 },
+        { "steps[1]: is missing, though there are later ones" })
+    check.assertEquals(mistakes { 1, b = 1, a = 1, [0] = 1, [1.5] = 1 }, {
+        "steps.0: a list has no such key", "steps.1.5: a list has no such key",
+        "steps.a: a list has no such key", "steps.b: a list has no such key",
+    })
+end
+
 TestRaise = {}
 
 function TestRaise.test_no_mistake_is_no_error()

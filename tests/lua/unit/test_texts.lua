@@ -40,6 +40,46 @@ function TestWrap.test_lines_have_the_width_and_a_longer_word_has_its_own()
     check.assertEquals(text.wrap("", 9), {})
 end
 
+TestFold = {}
+
+function TestFold.test_a_longer_word_is_broken_between_characters()
+    check.assertEquals(text.fold("a longword \195\188\195\188\195\188\195\188", 5, "  "),
+        { "  a", "  lon", "  gwo", "  rd", "  \195\188\195\188\195\188", "  \195\188" })
+end
+
+TestWidth = {}
+
+function TestWidth.test_characters_count_not_bytes()
+    check.assertEquals(text.width("\194\176C"), 2)
+    check.assertEquals(text.columns({ { "\194\176C", 1 }, { "dBm", 2 } }),
+        { "\194\176C   1", "dBm  2" })
+end
+
+TestPrintable = {}
+
+function TestPrintable.test_what_cannot_be_shown_is_escaped()
+    check.assertEquals(text.printable("a\27[2Jb\tc\r\n\0\127"), "a\\x1b[2Jb\\tc\\r\\n\\x00\\x7f")
+    check.assertEquals(text.printable("a\tb\r\n", true), "a\tb\\r\n")
+end
+
+function TestPrintable.test_characters_of_utf_8_stay_and_other_bytes_are_escaped()
+    for _, character in ipairs {
+        "\194\160", "\223\191", "\224\160\128", "\237\159\191", "\238\128\128", "\239\191\189",
+        "\240\144\128\128", "\244\143\191\191",
+    } do
+        check.assertEquals(text.printable("<" .. character .. ">"), "<" .. character .. ">")
+    end
+    for bytes, shown in pairs {
+        ["\128"] = "\\x80", ["\194"] = "\\xc2", ["\192\175"] = "\\xc0\\xaf", ["\255"] = "\\xff",
+        ["\194\155"] = "\\xc2\\x9b", ["\224\159\191"] = "\\xe0\\x9f\\xbf",
+        ["\237\160\128"] = "\\xed\\xa0\\x80", ["\239\191\190"] = "\\xef\\xbf\\xbe",
+        ["\240\143\191\191"] = "\\xf0\\x8f\\xbf\\xbf",
+        ["\244\144\128\128"] = "\\xf4\\x90\\x80\\x80",
+    } do
+        check.assertEquals(text.printable("<" .. bytes .. ">"), "<" .. shown .. ">")
+    end
+end
+
 TestNumber = {}
 
 function TestNumber.test_numbers_are_the_same_on_every_machine()
