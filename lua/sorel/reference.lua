@@ -35,7 +35,9 @@
 local reference = {}
 
 -- In the order in which they are shown.
-local subjects = { "transmitter", "bringup", "registers", "sweep", "measure" }
+local subjects = {
+    "transmitter", "bringup", "registers", "sweep", "measure", "limits", "params",
+}
 
 --- The names of all subjects.
 function reference.subjects()
