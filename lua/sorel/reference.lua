@@ -36,7 +36,7 @@ local reference = {}
 
 -- In the order in which they are shown.
 local subjects = {
-    "transmitter", "bringup", "registers", "sweep", "measure", "limits", "params",
+    "transmitter", "bringup", "registers", "sweep", "measure", "limits", "params", "remote",
 }
 
 --- The names of all subjects.
