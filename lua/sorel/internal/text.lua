@@ -132,4 +132,12 @@ function text.fold(paragraph, width, indentation)
     return text.wrap(paragraph:gsub("%S+", broken), width, indentation)
 end
 
+--- The lines of a text.
+-- @return a list
+function text.lines(whole)
+    local lines = {}
+    for line in (whole .. "\n"):gmatch("(.-)\n") do lines[#lines + 1] = line end
+    return lines
+end
+
 return text

@@ -2,9 +2,9 @@
 --- The groups of constants, for the subject "constants": what each is, and what each member means.
 -- Values are those of the module `radio`, and are not told here.
 
-local NUMBER_OF = "number of them, no member that the driver takes"
-local NONE = "none, no member that the driver takes"
-local NO_VALUE = "no value, no member that the driver takes"
+local NUMBER_OF = "how many there are; the driver refuses it"
+local NONE = "none; the driver refuses it"
+local NO_VALUE = "no value; the driver refuses it"
 
 local function paired(uplink, downlink)
     return ("uplink %s, downlink %s MHz"):format(uplink, downlink)
@@ -131,7 +131,7 @@ return {
             RADIO_BAND_253 = RESERVED,
             RADIO_BAND_254 = RESERVED,
             RADIO_BAND_255 = RESERVED,
-            RADIO_BAND_COUNT = "one past the highest, no member that the driver takes",
+            RADIO_BAND_COUNT = "one past the highest; the driver refuses it",
             RADIO_BAND_INVALID = NONE,
             RADIO_BAND_NULL = NO_VALUE,
         },

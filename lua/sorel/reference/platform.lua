@@ -85,7 +85,8 @@ return {
                 "RADIO_EAGAIN: a write of the script",
             },
             example = [[
-radioInitByScript(RADIO_CONF_SISO, RADIO_MODE_3GNODEB, RADIO_BAND_1, "nodeb.txt")]],
+radioInitByScript(RADIO_CONF_SISO, RADIO_MODE_3GNODEB, RADIO_BAND_1,
+    "cell.txt")]],
             unrun = "needs a script's file",
         },
         {
@@ -105,7 +106,7 @@ radioInitByScript(RADIO_CONF_SISO, RADIO_MODE_3GNODEB, RADIO_BAND_1, "nodeb.txt"
             text = "Puts the hardware into the state after radioOpen: switched off, not "
                 .. "initialised, all paths selected. The platform, the calibration data and the "
                 .. "debug settings are kept.",
-            errors = {},
+            errors = { "RADIO_EIO: the hardware did not answer" },
             example = "radioReset()",
         },
         {

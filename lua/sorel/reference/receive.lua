@@ -4,7 +4,7 @@ local NO_PATH = "RADIO_ENOTSUP: the second path, which the platform or the confi
 
 return {
     name = "receive",
-    title = "the receivers' frequency, channel, gain, on and off; loopback",
+    title = "the receivers: tuning, gain, on and off; loopback",
     entries = {
         {
             name = "radioSetRxFrequency",

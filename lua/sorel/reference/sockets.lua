@@ -154,7 +154,7 @@ function sockets.tcp()
                     text = "after a message, what had come" },
             },
             example = 'local peer = assert(server:accept())\npeer:send("-92.3\\n")\n'
-                .. "print(client:receive())  --> -92.3",
+                .. "print((client:receive()))  --> -92.3",
         },
         {
             name = "tcp:shutdown",
@@ -266,7 +266,7 @@ function sockets.udp()
             results = {
                 { name = "data", type = "string", text = "its bytes; nil: failed" }, MESSAGE,
             },
-            example = "print(receiver:receive())  --> rtwp?",
+            example = "print((receiver:receive()))  --> rtwp?",
         },
         {
             name = "udp:getpeername",

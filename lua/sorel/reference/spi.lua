@@ -2,8 +2,8 @@
 return {
     name = "spi",
     title = "registers over SPI, and the reference oscillator",
-    text = "The addresses and what is in the registers are the chip's. Print words with bit.tohex. "
-        .. "sorel.registers knows fields of registers by name.",
+    text = "The addresses and what is in the registers are the chip's. Print words with "
+        .. "bit.tohex.",
     entries = {
         {
             name = "radioSpiRead",

@@ -10,7 +10,7 @@ local POWER = { name = "power", type = "int16_t", unit = "0.1 dBm",
 
 return {
     name = "transmit",
-    title = "the transmitters' frequency, channel, power, offsets, on and off",
+    title = "the transmitters: tuning, power, offsets, on and off",
     text = "A transmitter that is on radiates. sorel.transmitter switches it off whatever has "
         .. "failed.",
     entries = {

@@ -60,6 +60,11 @@ function kit.content(path)
     return text
 end
 
+--- The path of a file of the source tree.
+function kit.source(path)
+    return debug.getinfo(1, "S").source:match("^@(.*)tests/lua/unit/kit.lua$") .. path
+end
+
 --- A radio in its first state, set up for LTE in band 7 with two antennas.
 function kit.fresh_radio()
     radioOpen()

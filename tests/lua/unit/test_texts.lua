@@ -80,6 +80,13 @@ function TestPrintable.test_characters_of_utf_8_stay_and_other_bytes_are_escaped
     end
 end
 
+TestLines = {}
+
+function TestLines.test_a_text_is_taken_apart_at_line_breaks()
+    check.assertEquals(text.lines("one\n\nthree"), { "one", "", "three" })
+    check.assertEquals(text.lines(""), { "" })
+end
+
 TestNumber = {}
 
 function TestNumber.test_numbers_are_the_same_on_every_machine()

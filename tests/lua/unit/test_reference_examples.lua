@@ -1,0 +1,93 @@
+-- SPDX-License-Identifier: LicenseRef-Proprietary
+--- Every example of help runs, and prints what it says that it prints.
+local kit = require "kit"
+local reference = require "sorel.reference"
+local check = kit.check
+
+require "sorel.help"
+
+-- Where an example runs: the modules are there by their names, and what it prints is kept.
+local function environment(printed)
+    local own = {
+        print = function(...)
+            local words = {}
+            for place = 1, select("#", ...) do words[place] = tostring((select(place, ...))) end
+            printed[#printed + 1] = table.concat(words, " ")
+        end,
+    }
+    for _, name in ipairs(reference.subjects()) do
+        local module = reference.subject(name).module
+        if module then own[name] = require(module) end
+    end
+    return setmetatable(own, { __index = _G })
+end
+
+local function compiled(code, where)
+    return assert(loadstring(code, "=" .. where))
+end
+
+-- What an example says behind --> that its lines print, each once.
+local function promised(example)
+    local lines = {}
+    for line in example:gmatch("%-%-> ([^\n]*)") do lines[#lines + 1] = line end
+    return lines
+end
+
+-- Whether a transmitter of the simulated board is on.
+local function transmits()
+    return radioSpiRead(0x30) == 1 or radioSpiRead(0x31) == 1
+end
+
+local function run(subject, entry)
+    radioSelectPlatform(RADIO_PLATFORM_DEFAULT)
+    kit.fresh_radio()
+    local printed = {}
+    local own = environment(printed)
+    if subject.prepare then setfenv(compiled(subject.prepare, subject.name), own)() end
+    setfenv(compiled(entry.example, entry.name), own)()
+    local told = promised(entry.example)
+    if #told > 0 then check.assertEquals(printed, told, entry.name) end
+    check.assertFalse(transmits(), entry.name .. " leaves a transmitter on")
+end
+
+TestExamples = {}
+
+-- help prints its pages with the print of its own.
+local print_of_the_shell = print
+
+function TestExamples.tearDown()
+    print = print_of_the_shell -- luacheck: ignore 121
+end
+
+function TestExamples.test_every_example_runs_and_prints_what_it_says()
+    print = function() end -- luacheck: ignore 121
+    local ran = 0
+    reference.each(function(entry, subject)
+        if entry.example and not entry.unrun then
+            run(subject, entry)
+            ran = ran + 1
+        end
+    end)
+    check.assertTrue(ran > 100)
+end
+
+function TestExamples.test_those_that_are_not_run_compile_and_say_why()
+    local kept = {}
+    reference.each(function(entry)
+        if entry.unrun then
+            compiled(entry.example, entry.name)
+            check.assertStrMatches(entry.unrun, "%S.*")
+            kept[#kept + 1] = entry.name
+        end
+    end)
+    check.assertTrue(#kept <= 12, table.concat(kept, " "))
+end
+
+function TestExamples.test_an_example_uses_what_it_is_an_example_of()
+    reference.each(function(entry)
+        local name = entry.name:match("[%w_]+$")
+        if entry.example then check.assertStrContains(entry.example, name, false, entry.name) end
+    end)
+end
+
+kit.run()
