@@ -82,10 +82,28 @@ def test_no_picture_is_drawn_where_there_is_no_folder(tmp_path):
     assert (done.stderr, done.returncode) == (f"dev: there is no folder '{tmp_path}/none'\n", 1)
 
 
+def test_the_reference_is_made_into_a_folder(tmp_path):
+    folder = tmp_path / "a folder"
+    folder.mkdir()
+    done = dev("reference", "a folder", cwd=tmp_path, env=os.environ | {"LD_LIBRARY_PATH": "none"})
+    assert done.returncode == 0, done.stderr
+    assert f"dev: made {folder}/docs/reference.md" in done.stderr
+    made = [path.relative_to(folder) for path in folder.rglob("*") if path.is_file()]
+    assert len(made) > 5
+    for path in made:
+        assert (folder / path).read_bytes() == (ROOT / path).read_bytes(), path
+
+
+def test_no_reference_is_made_where_there_is_no_folder(tmp_path):
+    done = dev("reference", tmp_path / "none")
+    assert (done.stderr, done.returncode) == (f"dev: there is no folder '{tmp_path}/none'\n", 1)
+
+
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
-    verbs = ("run", "test", "arm", "board", "lint", "picture", "package", "bench", "size")
+    verbs = ("run", "test", "arm", "board", "lint", "picture", "reference", "package", "bench",
+             "size")
     assert all(f"\n  {verb} " in done.stdout for verb in verbs)
 
 

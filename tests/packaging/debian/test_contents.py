@@ -53,6 +53,9 @@ def expected(package, triplet):
             f"{documents}/README.md",
             *(f"{documents}/{file}" for file in relative(SOURCE / "docs", "*.md")),
             *(f"usr/share/lua/5.1/{file}" for file in relative(SOURCE / "lua", "**/*.lua")),
+            "usr/share/sorelapp/editor/README.md",
+            *(f"usr/share/sorelapp/editor/{file}"
+              for file in relative(SOURCE / "packaging/editor", "**/*.lua")),
         },
         "libsorel-sim1": {
             f"{documents}/README.md",
