@@ -15,8 +15,8 @@ local types = {
     uint32_t = "integer", uint16_t = "integer", int32_t = "integer", int16_t = "integer",
     float = "number", ["char const *"] = "string", ["char **"] = "userdata",
     ["char const **"] = "userdata?", ["int32_t *const"] = "userdata?", ["FILE *"] = "userdata?",
-    tcp = "socket.tcp", udp = "socket.udp",
 }
+for object in pairs(reference.objects()) do types[object] = "sorel." .. object end
 
 -- The driver's type of each group.
 local type_of_group = {}
@@ -154,11 +154,11 @@ end
 
 -- Objects, by what stands in front of the colon of their methods.
 function File:declare_class(entry, declared)
-    local object = entry.name:match("^(%w+):")
+    local object = entry.name:match("^([%w_]+):")
     if not object or declared[object] then return end
     declared[object] = true
     self:line("")
-    self:line("---@class " .. (types[object] or "sorel." .. object))
+    self:line("---@class " .. types[object])
     self:line(("local %s = {}"):format(object))
 end
 

@@ -82,6 +82,17 @@ function reference.is_function(entry)
     return entry.value == nil and entry.members == nil
 end
 
+--- The objects that have methods, "tcp" for "tcp:send".
+-- @return a table with their names as keys
+function reference.objects()
+    local objects = {}
+    reference.each(function(entry)
+        local object = entry.name:match("^([%w_]+):")
+        if object then objects[object] = true end
+    end)
+    return objects
+end
+
 --- A function as it is called, with what may be left out in brackets: "bit.tohex(value[, digits])".
 -- Of what is no function the name.
 function reference.signature(entry)

@@ -70,6 +70,9 @@ return {
         .. "the last "
         .. "step, and after any failure. Write constants as texts: a misspelt text is a mistake, a "
         .. "misspelt global is nil, as if the key were not there.",
+    prepare = [[
+cell = { configuration = "RADIO_CONF_MIMO", band = "RADIO_BAND_7",
+    mode = "RADIO_MODE_4GENODEB_FDD_20MHZ" }]],
     entries = {
         {
             name = "bringup.run",
@@ -87,7 +90,7 @@ return {
                 "the mistakes in the table, each with its key, at the place of the call",
                 "bringup: step N of M, WHAT WAS DONE: the driver's message",
             },
-            example = 'state = bringup.run { configuration = 1, mode = 7, band = "RADIO_BAND_7" }',
+            example = "state = bringup.run(cell)",
         },
         {
             name = "bringup.check",

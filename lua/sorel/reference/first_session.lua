@@ -20,6 +20,7 @@ failed to process stdin: "radioSetTxFrequency() did not return success"
 sorelapp> exit]],
     after = "2400 MHz is not in band 7, so the driver refused it; nothing has changed. Frequencies "
         .. 'are in Hz, powers here in 0.1 dBm, gains in dB. Next: help "radioInit", '
-        .. 'help "RADIO_BAND", and help "debug" to see why a call is refused.',
+        .. 'help "RADIO_BAND", help "debug" to see why a call is refused, and help "bringup" to do '
+        .. "all of it by one table.",
     entries = {},
 }

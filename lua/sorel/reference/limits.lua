@@ -7,11 +7,15 @@ local result = {
 return {
     name = "limits",
     module = "sorel.limits",
-    title = "a production test: steps with limits, a report, JUnit XML and CSV",
+    title = "a production test: steps, limits, a report, JUnit XML, CSV",
     text = "When limits.run, limits.exit or limits.main ends, in whatever way, the transmitter is "
         .. "off. After an error elsewhere in a script the shell ends with the radio as it is, "
         .. "unless limits.main is around the whole script. A script that ends without limits.main "
         .. "and limits.exit has the status 0 also where steps failed.",
+    prepare = [[
+test = { name = "board", steps = {
+    { name = "heat", measure = radioGetTemperature, high = 60 },
+} }]],
     entries = {
         {
             name = "limits.run",
@@ -74,7 +78,8 @@ return {
             example = [[
 steps = {}
 steps[1] = { name = "heat", measure = radioGetTemperature, high = 60 }
-steps[2] = { name = "id", measure = radioGetPlatformName, expected = "Talwin" }
+steps[2] = { name = "id", measure = radioGetPlatformName,
+    expected = "simulated board" }
 passed = limits.run { name = "board", steps = steps }]],
         },
         {
@@ -86,6 +91,7 @@ passed = limits.run { name = "board", steps = steps }]],
             arguments = { result },
             errors = { "a result that is neither true nor false, with the transmitter off" },
             example = "limits.exit(limits.run(test))",
+            unrun = "ends the process",
         },
         {
             name = "limits.main",
@@ -97,6 +103,7 @@ passed = limits.run { name = "board", steps = steps }]],
             },
             errors = { "something else than a function, with the transmitter off" },
             example = "limits.main(function() return limits.run(test) end)",
+            unrun = "ends the process",
         },
     },
 }

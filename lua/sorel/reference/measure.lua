@@ -20,6 +20,9 @@ return {
         .. "the antenna, without one the selected paths count. What is in dBm or 0.1 dBm is "
         .. "averaged in milliwatts, all else as it is. Readings that fail take no part, but are "
         .. "counted.",
+    prepare = [[
+sweep = require "sorel.sweep"
+rows = sweep.run { rx_gain_db = { 0, 60 }, readings = { "rtwp", "gain" } }]],
     entries = {
         {
             name = "measure.read",

@@ -54,6 +54,7 @@ return {
             example = [[
 values = params.read { { "SERIAL", pattern = "^%d+$" } }
 print(values.SERIAL)]],
+            unrun = "needs a variable of the environment",
         },
     },
 }

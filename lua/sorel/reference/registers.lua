@@ -51,7 +51,7 @@ end
 return {
     name = "registers",
     module = "sorel.registers",
-    title = "the radio chip's registers, by address and by the names of a map",
+    title = "the chip's registers, by address and by the names of a map",
     text = "Words are unsigned, 0 to 4294967295. A map and a dump have the functions that take "
         .. "them "
         .. [[first as methods: board:read("TX_1.ON"), dump:print(). ]]
@@ -61,6 +61,15 @@ return {
         .. "an "
         .. "address, a word and a name in each line (0x0010 0xdeadbeef SCRATCH), comments after #, "
         .. "and the line end at the end.",
+    prepare = [[
+board = registers.map { name = "simulated board", registers = {
+    { name = "SCRATCH", address = 0x10, reset = 0 },
+    { name = "TX_1", address = 0x32, fields = {
+        { name = "LIMIT", bits = "31:0", signed = true, unit = "0.1 dBm" },
+    } },
+} }
+before = board:dump()
+before:save("good.txt")]],
     entries = {
         {
             name = "registers.get",
@@ -113,7 +122,7 @@ return {
                     text = "the number's name, where the field has one for it" },
             },
             errors = { "a name that is none, with the nearest one" },
-            example = 'print(board:read "TX_1.ON")',
+            example = 'print(board:read "TX_1.LIMIT")',
         },
         {
             name = "registers.write",
@@ -138,7 +147,7 @@ return {
                     .. "written "
                     .. "before it, the transmitters are off",
             },
-            example = 'board:write { ["TX_1.LIMIT"] = -100, ["TX_1.ON"] = "on" }',
+            example = [[board:write { ["TX_1.LIMIT"] = -100, SCRATCH = 7 }]],
         },
         {
             name = "registers.dump",

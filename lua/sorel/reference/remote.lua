@@ -28,6 +28,7 @@ return {
     title = "a board driven from another machine over TCP",
     text = "docs/remote.md tells how to do so safely, how the dead man's switch acts, and "
         .. "documents the protocol.",
+    prepare = "server = remote.listen {}",
     entries = {
         {
             name = "remote.serve",

@@ -3,7 +3,7 @@ return {
     name = "spi",
     title = "registers over SPI, and the reference oscillator",
     text = "The addresses and what is in the registers are the chip's. Print words with "
-        .. "bit.tohex.",
+        .. "bit.tohex. sorel.registers knows registers and their fields by name.",
     entries = {
         {
             name = "radioSpiRead",

@@ -9,7 +9,7 @@ end
 return {
     name = "sweep",
     module = "sorel.sweep",
-    title = "a frequency, channel, gain or power set to one value after the other, read at each",
+    title = "a frequency, channel, gain or power swept, with readings",
     text = "What is set is one key of the options, with its unit in its name: " .. POINTS
         .. ". A second quantity in inner runs through all its values at each of the first. What "
         .. "is read is told in measure. The board is left as the last point has it.",

@@ -1316,7 +1316,7 @@ socket.dns = {}
 ---local client = assert(socket.tcp())
 ---client:settimeout(5)
 ---```
----@return socket.tcp socket nil: failed
+---@return sorel.tcp socket nil: failed
 ---@return string? message after nil, what is wrong
 function socket.tcp() end
 
@@ -1325,7 +1325,7 @@ function socket.tcp() end
 ---```lua
 ---local radio_log = assert(socket.udp())
 ---```
----@return socket.udp socket nil: failed
+---@return sorel.udp socket nil: failed
 ---@return string? message after nil, what is wrong
 function socket.udp() end
 
@@ -1334,7 +1334,7 @@ function socket.udp() end
 ---```lua
 ---print(socket.tcp4())
 ---```
----@return socket.tcp socket nil: failed
+---@return sorel.tcp socket nil: failed
 ---@return string? message after nil, what is wrong
 function socket.tcp4() end
 
@@ -1343,7 +1343,7 @@ function socket.tcp4() end
 ---```lua
 ---print(socket.udp4())
 ---```
----@return socket.udp socket nil: failed
+---@return sorel.udp socket nil: failed
 ---@return string? message after nil, what is wrong
 function socket.udp4() end
 
@@ -1352,7 +1352,7 @@ function socket.udp4() end
 ---```lua
 ---print(socket.tcp6())
 ---```
----@return socket.tcp socket nil: failed
+---@return sorel.tcp socket nil: failed
 ---@return string? message after nil, what is wrong
 function socket.tcp6() end
 
@@ -1361,7 +1361,7 @@ function socket.tcp6() end
 ---```lua
 ---print(socket.udp6())
 ---```
----@return socket.udp socket nil: failed
+---@return sorel.udp socket nil: failed
 ---@return string? message after nil, what is wrong
 function socket.udp6() end
 
@@ -1375,7 +1375,7 @@ function socket.udp6() end
 ---@param local_host? string the own address
 ---@param local_port? number the own port
 ---@param family? string "inet" or "inet6"
----@return socket.tcp socket nil: failed
+---@return sorel.tcp socket nil: failed
 ---@return string? message after nil, what is wrong
 function socket.connect(host, port, local_host, local_port, family) end
 
@@ -1536,7 +1536,7 @@ socket._DATAGRAMSIZE = 0
 ---@type number
 socket._SOCKETINVALID = 0
 
----@class socket.tcp
+---@class sorel.tcp
 local tcp = {}
 
 ---Connects to a server; the socket is a client then.
@@ -1580,7 +1580,7 @@ function tcp:listen(backlog) end
 ---```lua
 ---local peer = assert(server:accept())
 ---```
----@return socket.tcp client the connection to it; nil: failed
+---@return sorel.tcp client the connection to it; nil: failed
 ---@return string? message after nil, what is wrong
 function tcp:accept() end
 
@@ -1787,7 +1787,7 @@ function tcp:dirty() end
 ---@type string
 tcp.class = ""
 
----@class socket.udp
+---@class sorel.udp
 local udp = {}
 
 ---Gives the socket an own address and port.

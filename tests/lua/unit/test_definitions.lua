@@ -105,7 +105,7 @@ function TestDefinitions.test_annotations_are_known_and_their_types_declared()
     for name in pairs(used) do
         check.assertTrue(declared[name] or BUILT_IN[name] or false, name .. " is not declared")
     end
-    check.assertTrue(used.RadioBand and used["socket.tcp"])
+    check.assertTrue(used.RadioBand and used["sorel.tcp"])
 end
 
 function TestDefinitions.test_each_parameter_is_annotated_in_its_place()

@@ -311,8 +311,9 @@ end
 TestTexts = {}
 
 local TYPES = {}
-for type in ("number string table function boolean userdata any tcp udp uint32_t uint16_t int16_t "
-    .. "int32_t float"):gmatch("%S+") do TYPES[type] = true end
+for type in ("number string table function boolean userdata any uint32_t uint16_t int16_t int32_t "
+    .. "float"):gmatch("%S+") do TYPES[type] = true end
+for object in pairs(reference.objects()) do TYPES[object] = true end
 for _, type in ipairs { "char const *", "char **", "char const **", "int32_t *const", "FILE *" } do
     TYPES[type] = true
 end

@@ -38,12 +38,18 @@ local function transmits()
     return radioSpiRead(0x30) == 1 or radioSpiRead(0x31) == 1
 end
 
-local function run(subject, entry)
+-- Where an example of a subject runs, with what it stands on.
+local function prepared(subject, printed)
     radioSelectPlatform(RADIO_PLATFORM_DEFAULT)
     kit.fresh_radio()
-    local printed = {}
     local own = environment(printed)
     if subject.prepare then setfenv(compiled(subject.prepare, subject.name), own)() end
+    return own
+end
+
+local function run(subject, entry)
+    local printed = {}
+    local own = prepared(subject, printed)
     setfenv(compiled(entry.example, entry.name), own)()
     local told = promised(entry.example)
     if #told > 0 then check.assertEquals(printed, told, entry.name) end
@@ -69,6 +75,15 @@ function TestExamples.test_every_example_runs_and_prints_what_it_says()
         end
     end)
     check.assertTrue(ran > 100)
+end
+
+function TestExamples.test_the_objects_of_modules_have_the_methods_that_are_told_of_them()
+    reference.each(function(entry, subject)
+        local object, method = entry.name:match("^([%w_]+):([%w_]+)$")
+        if object and subject.module then
+            check.assertIsFunction(prepared(subject, {})[object][method], entry.name)
+        end
+    end)
 end
 
 function TestExamples.test_those_that_are_not_run_compile_and_say_why()
