@@ -59,7 +59,7 @@ end
 -- What follows the name and type of an argument, result or field, on its line.
 local function remark(item)
     local words = { item.text }
-    if item.default then table.insert(words, 1, "without it " .. item.default) end
+    if item.default then table.insert(words, 1, "default " .. item.default) end
     if item.unit then table.insert(words, 1, item.unit) end
     return (table.concat(words, "; "):gsub("%s+", " "))
 end

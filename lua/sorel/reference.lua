@@ -123,7 +123,7 @@ function reference.kind(item)
     local words = { group and ("%s (%s)"):format(item.type, group) or item.type }
     words[#words + 1] = item.unit
     if item.default then
-        words[#words + 1] = "without it " .. item.default
+        words[#words + 1] = "default " .. item.default
     elseif item.optional then
         words[#words + 1] = "optional"
     end

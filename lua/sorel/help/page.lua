@@ -101,10 +101,8 @@ local function of_entry(subject, entry)
         messages(statuses))
     if entry.members then headed(lines, "  Members", members(entry)) end
     if entry.example then
-        headed(lines, "  Example", code(entry.example))
-        if subject.prepare then
-            lines[#lines + 1] = ('  which stands on what help "%s" shows'):format(subject.name)
-        end
+        local behind = subject.prepare and (', after what help "%s" shows'):format(subject.name)
+        headed(lines, "  Example" .. (behind or ""), code(entry.example))
     end
     return lines
 end

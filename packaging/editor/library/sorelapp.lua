@@ -1165,7 +1165,7 @@ function bit.tobit(value) end
 ---print(bit.tohex(-1), bit.tohex(171, -2))  --> ffffffff AB
 ---```
 ---@param value number any number; only its lowest 32 bits count
----@param digits? number without it 8; how many of the lowest digits; negative: in capital letters
+---@param digits? number default 8; how many of the lowest digits; negative: in capital letters
 ---@return string text without 0x
 function bit.tohex(value, digits) end
 
@@ -1570,7 +1570,7 @@ function tcp:bind(host, port) end
 ---assert(other:bind("127.0.0.1", 0))
 ---assert(other:listen(1))
 ---```
----@param backlog? number without it 32; how many may wait for accept
+---@param backlog? number default 32; how many may wait for accept
 ---@return number done 1; nil: failed
 ---@return string? message after nil, what is wrong
 function tcp:listen(backlog) end
@@ -1590,8 +1590,8 @@ function tcp:accept() end
 ---assert(client:send("rtwp?\n"))
 ---```
 ---@param data string the bytes
----@param first? number without it 1; from which on
----@param last? number without it the last; up to which
+---@param first? number default 1; from which on
+---@param last? number default the last; up to which
 ---@return number last which was sent last; nil: failed
 ---@return string? message after nil, what is wrong
 ---@return number? sent after a message, which was sent last
@@ -1604,7 +1604,7 @@ function tcp:send(data, first, last) end
 ---peer:send("-92.3\n")
 ---print((client:receive()))  --> -92.3
 ---```
----@param pattern? any without it "*l"; "*l": a line, without its end; "*a": all until the other side closes; a number: that many bytes
+---@param pattern? any default "*l"; "*l": a line, without its end; "*a": all until the other side closes; a number: that many bytes
 ---@param prefix? string what to put in front
 ---@return string data the bytes; nil: failed
 ---@return string? message after nil, what is wrong
@@ -1619,7 +1619,7 @@ function tcp:receive(pattern, prefix) end
 ---```lua
 ---client:shutdown("send")
 ---```
----@param mode? string without it "both"; "send", "receive" or "both"
+---@param mode? string default "both"; "send", "receive" or "both"
 ---@return number done 1
 function tcp:shutdown(mode) end
 
@@ -1672,9 +1672,9 @@ function tcp:getstats() end
 ---```lua
 ---client:setstats()
 ---```
----@param received? number bytes; without it 0; received
----@param sent? number bytes; without it 0; sent
----@param age? number s; without it 0; how old the socket is
+---@param received? number bytes; default 0; received
+---@param sent? number bytes; default 0; sent
+---@param age? number s; default 0; how old the socket is
 ---@return number done 1
 function tcp:setstats(received, sent, age) end
 
@@ -1696,7 +1696,7 @@ function tcp:close() end
 ---client:settimeout(5)
 ---```
 ---@param time? number s; 0: not at all; nil or negative: for ever
----@param mode? string without it "b"; "b": for each wait of a call; "t": for the call in all
+---@param mode? string default "b"; "b": for each wait of a call; "t": for the call in all
 ---@return number done 1; nil: failed
 ---@return string? message after nil, what is wrong
 function tcp:settimeout(time, mode) end
@@ -1889,7 +1889,7 @@ function udp:close() end
 ---receiver:settimeout(5)
 ---```
 ---@param time? number s; 0: not at all; nil or negative: for ever
----@param mode? string without it "b"; "b": for each wait of a call; "t": for the call in all
+---@param mode? string default "b"; "b": for each wait of a call; "t": for the call in all
 ---@return number done 1; nil: failed
 ---@return string? message after nil, what is wrong
 function udp:settimeout(time, mode) end

@@ -107,7 +107,7 @@ function TestPages.test_a_function_with_results_and_optional_arguments_has_them(
         "",
         "  Arguments",
         "    value   number: any number; only its lowest 32 bits count",
-        "    digits  number, without it 8: how many of the lowest digits; negative: in",
+        "    digits  number, default 8: how many of the lowest digits; negative: in",
         "            capital letters",
         "",
         "  Results",

@@ -25,14 +25,14 @@ local bringup = {}
 ---@field rx_frequency_hz? integer Hz; where to receive
 ---@field rx_channel? integer channel, in place of rx_frequency_hz
 ---@field loopback? RadioLoopback|string digital loopback
----@field rx_gain_mode? RadioRxGainMode|string without it RADIO_RX_GAIN_MGC; who sets the gain
+---@field rx_gain_mode? RadioRxGainMode|string default RADIO_RX_GAIN_MGC; who sets the gain
 ---@field rx_gain_db? integer dB; manual gain, of all antennas or a list of one for each; a mistake with an automatic mode
 ---@field tx_max_power_dbm? number dBm; limit of the output power, in steps of 0.1 dBm, of all antennas or a list of one for each; needed to switch a transmitter on
 ---@field tx_dc_offsets? table list of { in_phase = N, quadrature = N }, one for each antenna, in steps of the transmit converter
----@field rx_state? RadioState|string without it RADIO_STATE_ENABLE; of all receivers, or a list of one for each
----@field selected_paths? RadioSelectIndex|string without it RADIO_SELECT_ALL; what functions without an antenna apply to afterwards
----@field tx_state? RadioState|string without it RADIO_STATE_DISABLE; of all transmitters, or a list of one for each
----@field settle_s? number s; without it 1; for how long switching on is tried again while the driver refuses, and RTWP is read again while it cannot be
+---@field rx_state? RadioState|string default RADIO_STATE_ENABLE; of all receivers, or a list of one for each
+---@field selected_paths? RadioSelectIndex|string default RADIO_SELECT_ALL; what functions without an antenna apply to afterwards
+---@field tx_state? RadioState|string default RADIO_STATE_DISABLE; of all transmitters, or a list of one for each
+---@field settle_s? number s; default 1; for how long switching on is tried again while the driver refuses, and RTWP is read again while it cannot be
 
 ---Checks the table, every mistake at once and before the board is touched, and brings the board up.
 ---

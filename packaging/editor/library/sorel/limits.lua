@@ -16,7 +16,7 @@ local limits = {}
 ---@field expected? any in place of low and high, the one reading that passes: a text or a number
 ---@field unit? string of the reading
 ---@field check? function in place of measure and limits: returns true or false, and the step's message or nothing
----@field critical? boolean without it false; true: unless it passes, the steps after it are skipped
+---@field critical? boolean default false; true: unless it passes, the steps after it are skipped
 
 ---@class sorel.limits.run.test
 ---@field name string of the test

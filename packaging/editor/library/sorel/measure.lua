@@ -10,7 +10,7 @@
 local measure = {}
 
 ---@class sorel.measure.read.options
----@field average? number without it 1; how often each reading is taken, 1 to 100000; several readings take turns
+---@field average? number default 1; how often each reading is taken, 1 to 100000; several readings take turns
 
 ---Takes readings.
 ---
@@ -85,8 +85,8 @@ function measure.print(rows, columns) end
 function measure.write(rows, file) end
 
 ---@class sorel.measure.plot.options
----@field title? string without it the file's name; stands above the picture
----@field columns? table without it the means of all readings; a list of the columns to draw
+---@field title? string default the file's name; stands above the picture
+---@field columns? table default the means of all readings; a list of the columns to draw
 
 ---Writes FILE.csv and FILE.gnuplot, with which gnuplot draws FILE.png beside them, from whatever
 ---folder it is run: a panel for each unit, the swept quantity, the inner one of two, along the x

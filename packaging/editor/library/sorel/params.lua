@@ -7,7 +7,7 @@ local params = {}
 
 ---@class sorel.params.read.parameters
 ---@field text? string what it means
----@field type? string without it "string"; "string", taken as it is: 0042 keeps its zeros; "number", decimal or hexadecimal after 0x; "boolean": yes, no, true, false, on, off, 1 or 0; "file", the path of one to read
+---@field type? string default "string"; "string", taken as it is: 0042 keeps its zeros; "number", decimal or hexadecimal after 0x; "boolean": yes, no, true, false, on, off, 1 or 0; "file", the path of one to read
 ---@field group? string in place of a type: a group of constants, one of which is given by name or value
 ---@field choices? table a list of the texts or numbers that are allowed
 ---@field pattern? string of Lua, which a text matches

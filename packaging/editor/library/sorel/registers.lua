@@ -20,7 +20,7 @@ local registers = {}
 ---```
 ---@param address integer of the register
 ---@param high? number the highest bit, 0 to 31; without it the whole register
----@param low? number without it high; the lowest bit
+---@param low? number default high; the lowest bit
 ---@return integer value the word, or the bits' number
 function registers.get(address, high, low) end
 
@@ -36,14 +36,14 @@ function registers.get(address, high, low) end
 ---@param address integer of the register
 ---@param value integer the word, or a number that fits
 ---@param high? number the highest bit, 0 to 31; without it the whole register
----@param low? number without it high; the lowest bit
+---@param low? number default high; the lowest bit
 function registers.set(address, value, high, low) end
 
 ---@class sorel.registers.map.description.registers.fields
 ---@field name string letters, digits and _
 ---@field bits string "31:16", the higher bit first, or one bit, also as a number; no two fields share one
----@field access? string without it rw; "rw", or "ro" for one that can only be read
----@field signed? boolean without it false; whether the number is two's complement
+---@field access? string default rw; "rw", or "ro" for one that can only be read
+---@field signed? boolean default false; whether the number is two's complement
 ---@field unit? string of the number, to be shown
 ---@field values? table numbers by name: { off = 0, on = 1 }
 ---@field text? string what it is for
@@ -51,9 +51,9 @@ function registers.set(address, value, high, low) end
 ---@class sorel.registers.map.description.registers
 ---@field name string letters, digits and _
 ---@field address integer of the register
----@field access? string without it rw; "rw"; "ro" for one that can only be read; "w1c" for one in which writing a 1 clears
+---@field access? string default rw; "rw"; "ro" for one that can only be read; "w1c" for one in which writing a 1 clears
 ---@field reset? integer its word after a reset
----@field volatile? boolean without it false; whether it may read otherwise than written; restoring then does not read it back
+---@field volatile? boolean default false; whether it may read otherwise than written; restoring then does not read it back
 ---@field fields? sorel.registers.map.description.registers.fields[] a list of fields
 ---@field text? string what it is for
 

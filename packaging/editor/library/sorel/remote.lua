@@ -7,15 +7,15 @@
 local remote = {}
 
 ---@class sorel.remote.serve.options
----@field host? string without it "127.0.0.1"; the address to listen on; any but 127.x.x.x and localhost needs a token
----@field port? number without it 0; 0: one that the system chooses
+---@field host? string default "127.0.0.1"; the address to listen on; any but 127.x.x.x and localhost needs a token
+---@field port? number default 0; 0: one that the system chooses
 ---@field token? string at least 16 characters, which every client has to give
----@field connections? number without it 8; how many there may be at once, 64 at most
----@field idle? number s; without it 600; after how long without a request a connection is closed
----@field deadman? boolean without it true; whether the transmitter goes off when the connection that switched it on ends or falls silent
----@field silence? number s; without it 5; after how long it has
+---@field connections? number default 8; how many there may be at once, 64 at most
+---@field idle? number s; default 600; after how long without a request a connection is closed
+---@field deadman? boolean default true; whether the transmitter goes off when the connection that switched it on ends or falls silent
+---@field silence? number s; default 5; after how long it has
 ---@field log? function gets a line for each event; without it they are printed
----@field once? boolean without it false; return when no connection is left, after there was one
+---@field once? boolean default false; return when no connection is left, after there was one
 
 ---Lets clients call the functions of the radio, until the process ends. An error switches the
 ---transmitter off; Ctrl-C does not.
@@ -30,13 +30,13 @@ local remote = {}
 function remote.serve(options) end
 
 ---@class sorel.remote.listen.options
----@field host? string without it "127.0.0.1"; the address to listen on; any but 127.x.x.x and localhost needs a token
----@field port? number without it 0; 0: one that the system chooses
+---@field host? string default "127.0.0.1"; the address to listen on; any but 127.x.x.x and localhost needs a token
+---@field port? number default 0; 0: one that the system chooses
 ---@field token? string at least 16 characters, which every client has to give
----@field connections? number without it 8; how many there may be at once, 64 at most
----@field idle? number s; without it 600; after how long without a request a connection is closed
----@field deadman? boolean without it true; whether the transmitter goes off when the connection that switched it on ends or falls silent
----@field silence? number s; without it 5; after how long it has
+---@field connections? number default 8; how many there may be at once, 64 at most
+---@field idle? number s; default 600; after how long without a request a connection is closed
+---@field deadman? boolean default true; whether the transmitter goes off when the connection that switched it on ends or falls silent
+---@field silence? number s; default 5; after how long it has
 ---@field log? function gets a line for each event; without it there are none
 
 ---The same for a script that does something of its own in between.
@@ -82,10 +82,10 @@ function server:connections() end
 function server:close() end
 
 ---@class sorel.remote.connect.options
----@field host? string without it "127.0.0.1"; the server's name or address
+---@field host? string default "127.0.0.1"; the server's name or address
 ---@field port number the server's port
 ---@field token? string the server's token, if it has one
----@field timeout? number s; without it 30; how long to wait for the connection, and for each answer
+---@field timeout? number s; default 30; how long to wait for the connection, and for each answer
 
 ---Connects to a server.
 ---

@@ -10,12 +10,12 @@ local sweep = {}
 
 ---@class sorel.sweep.run.options.custom
 ---@field name string the column's, which the unit is added to
----@field unit? string without it none; of the values
+---@field unit? string default none; of the values
 ---@field set function is called with each value
 
 ---@class sorel.sweep.run.options.settle
----@field seconds? number s; without it 0; how long to wait; passes no time of a simulated board
----@field readings? number without it 0; how often all readings are taken and thrown away
+---@field seconds? number s; default 0; how long to wait; passes no time of a simulated board
+---@field readings? number default 0; how often all readings are taken and thrown away
 
 ---@class sorel.sweep.run.options
 ---@field tx_frequency_hz? table Hz; sets the transmit frequency: { from = , to = , step = }, or a list of values
@@ -30,12 +30,12 @@ local sweep = {}
 ---@field custom? sorel.sweep.run.options.custom sets what a script likes: the points, and besides
 ---@field inner? table a second quantity: a table with one of the keys above
 ---@field readings any the name of a reading, or a list as measure.read takes it
----@field average? number without it 1; how often each reading is taken at a point, 1 to 100000
+---@field average? number default 1; how often each reading is taken at a point, 1 to 100000
 ---@field settle? sorel.sweep.run.options.settle what comes between setting and reading
----@field statistics? boolean without it false; adds columns for the minimum, maximum, deviation and failures of each reading
+---@field statistics? boolean default false; adds columns for the minimum, maximum, deviation and failures of each reading
 ---@field select? RadioSelectIndex|string the paths to select first; they stay selected
 ---@field csv? string a file that each row is written to at once; "-" is standard output
----@field progress? boolean without it true; whether a terminal shows how far the sweep is, on standard error
+---@field progress? boolean default true; whether a terminal shows how far the sweep is, on standard error
 
 ---Sets a quantity to each of its values, waits, reads and returns a row for each. A terminal shows
 ---the progress.
