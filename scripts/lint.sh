@@ -21,10 +21,17 @@ check_lua() {
     }
 }
 
+# The scripts that are installed.
+check_shell() {
+    cd "$root"
+    git ls-files -z 'packaging/*/sorelapp-*' | xargs -0 shellcheck
+}
+
 run_lint() {
     prepare clang "${test_packages[@]}" "${lint_packages[@]}"
     check_format || fail "clang-format would change the code; run: clang-format -i FILE"
     check_tidy || fail "clang-tidy found the above"
     check_lua || fail "luacheck found the above"
-    say "no complaints from clang, clang-format, clang-tidy and luacheck"
+    check_shell || fail "shellcheck found the above"
+    say "no complaints from clang, clang-format, clang-tidy, luacheck and shellcheck"
 }

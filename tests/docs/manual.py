@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""The manual page of the build tree, as its reader sees it."""
+"""The manual pages of the build tree, as their reader sees them; where no other is named, that of
+the shell."""
 
 import os
 import re
@@ -9,6 +10,7 @@ from functools import cache
 
 from installation import BUILD
 
+PAGES = sorted((BUILD / "docs").glob("*.1"))
 PAGE = BUILD / "docs/sorelapp.1"
 UNBROKEN = 1000  # a width at which a paragraph is a line
 
@@ -24,9 +26,9 @@ def output(*command, **variables):
 
 
 @cache
-def formatted(width, *options):
+def formatted(width, *options, page=PAGE):
     """The page by man, at that width."""
-    return output("man", *options, "--encoding=UTF-8", "--local-file", PAGE, MANWIDTH=str(width))
+    return output("man", *options, "--encoding=UTF-8", "--local-file", page, MANWIDTH=str(width))
 
 
 def text():

@@ -165,6 +165,11 @@ def test_the_program_may_be_called_by_its_path(terminal):
     assert press_tab(terminal, "build/release/app/sorelapp --i")[0].endswith(" --interactive ")
 
 
+@pytest.mark.parametrize("script", ["sorelapp-guard"])
+def test_the_scripts_that_run_the_shell_take_its_options(script, terminal):
+    assert press_tab(terminal, script + " -b br")[0] == script + " -b bring-up.lua "
+
+
 @pytest.mark.parametrize("words", ["", "-i", "-b FILE", "-i -b FILE", "-c COMMAND", "-v"])
 def test_what_is_offered_is_accepted_and_what_is_not_is_refused_or_changes_nothing(
         words, terminal, tmp_path):

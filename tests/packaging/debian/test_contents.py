@@ -26,6 +26,8 @@ PACKAGE_OF = {
 }
 MACHINES = {"amd64": "Advanced Micro Devices X86-64", "armhf": "ARM"}
 
+SCRIPTS = ("sorelapp-guard",)
+
 each_package = pytest.mark.parametrize("package", PACKAGES)
 each_architecture = pytest.mark.parametrize("architecture", TRIPLETS)
 
@@ -48,8 +50,11 @@ def expected(package, triplet):
     documents = f"usr/share/doc/{package}"
     own = {
         "sorelapp": {
+            *(f"usr/bin/{script}" for script in SCRIPTS),
             MANUAL_PAGE,
+            *(f"usr/share/man/man1/{script}.1.gz" for script in SCRIPTS),
             COMPLETION,
+            *(f"{COMPLETION.removesuffix('sorelapp')}{script}" for script in SCRIPTS),
             f"{documents}/README.md",
             *(f"{documents}/{file}" for file in relative(SOURCE / "docs", "*.md")),
             *(f"usr/share/lua/5.1/{file}" for file in relative(SOURCE / "lua", "**/*.lua")),

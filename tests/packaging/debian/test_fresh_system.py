@@ -128,6 +128,13 @@ def test_the_completion_is_one_that_bash_takes(system):
     assert system.output("bash", "-c", script).endswith(" sorelapp\n")
 
 
+def test_the_guard_runs_the_shell_and_switches_the_transmitter_off(system):
+    ran = system.run("sorelapp-guard", "-c", f"{PLATFORM} error()")
+    assert ran.returncode == 1
+    assert ran.stdout.startswith("simulated board\n")
+    assert ran.stdout.endswith("sorelapp ended with status 1; the transmitter is off\n")
+
+
 def test_a_ready_scenario_is_there(system):
     scenario = {"SOREL_SIM_SCENARIO": "/usr/share/libsorel-sim/scenarios/hot_board.toml"}
     script = "print(radioGetTemperature() > 50)"
