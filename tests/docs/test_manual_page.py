@@ -16,6 +16,7 @@ each_page = pytest.mark.parametrize("page", PAGES, ids=lambda page: page.name)
 
 WHAT_IT_IS = {
     "sorelapp": "Lua shell over the radio driver library libsorel",
+    "sorelapp-edit": "the prompt of sorelapp with editing, history and completion",
     "sorelapp-guard": "runs sorelapp, and switches the transmitter off after an abnormal end",
 }
 

@@ -165,7 +165,7 @@ def test_the_program_may_be_called_by_its_path(terminal):
     assert press_tab(terminal, "build/release/app/sorelapp --i")[0].endswith(" --interactive ")
 
 
-@pytest.mark.parametrize("script", ["sorelapp-guard"])
+@pytest.mark.parametrize("script", ["sorelapp-edit", "sorelapp-guard"])
 def test_the_scripts_that_run_the_shell_take_its_options(script, terminal):
     assert press_tab(terminal, script + " -b br")[0] == script + " -b bring-up.lua "
 

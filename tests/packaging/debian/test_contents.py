@@ -26,7 +26,7 @@ PACKAGE_OF = {
 }
 MACHINES = {"amd64": "Advanced Micro Devices X86-64", "armhf": "ARM"}
 
-SCRIPTS = ("sorelapp-guard",)
+SCRIPTS = ("sorelapp-edit", "sorelapp-guard")
 
 each_package = pytest.mark.parametrize("package", PACKAGES)
 each_architecture = pytest.mark.parametrize("architecture", TRIPLETS)
@@ -55,6 +55,8 @@ def expected(package, triplet):
             *(f"usr/share/man/man1/{script}.1.gz" for script in SCRIPTS),
             COMPLETION,
             *(f"{COMPLETION.removesuffix('sorelapp')}{script}" for script in SCRIPTS),
+            *(f"usr/share/sorelapp/rlwrap/{file}"
+              for file in ("README.md", "filter.pl", "inputrc", "sorelapp.words")),
             f"{documents}/README.md",
             *(f"{documents}/{file}" for file in relative(SOURCE / "docs", "*.md")),
             *(f"usr/share/lua/5.1/{file}" for file in relative(SOURCE / "lua", "**/*.lua")),
@@ -175,6 +177,12 @@ def test_a_package_depends_on_a_c_library_that_has_what_its_programs_use(
         )
     }
     assert max(used) <= tuple(map(int, required.split(".")))
+
+
+@each_architecture
+def test_what_edits_lines_is_suggested_and_not_brought(architecture):
+    assert field("sorelapp", architecture, "Suggests") == "rlwrap"
+    assert field("sorelapp", architecture, "Recommends") == ""
 
 
 @each_architecture

@@ -135,6 +135,11 @@ def test_the_guard_runs_the_shell_and_switches_the_transmitter_off(system):
     assert ran.stdout.endswith("sorelapp ended with status 1; the transmitter is off\n")
 
 
+def test_without_rlwrap_the_program_that_needs_it_says_so(system):
+    refused = system.run("sorelapp-edit", "-c", PLATFORM)
+    assert (refused.returncode, "no program rlwrap" in refused.stdout) == (127, True)
+
+
 def test_a_ready_scenario_is_there(system):
     scenario = {"SOREL_SIM_SCENARIO": "/usr/share/libsorel-sim/scenarios/hot_board.toml"}
     script = "print(radioGetTemperature() > 50)"
