@@ -5,6 +5,7 @@ import os
 import shutil
 import subprocess
 
+import pexpect
 import pytest
 
 from dev_command import DEV, ROOT, dev, standing_in
@@ -67,6 +68,18 @@ def test_the_status_is_that_of_the_shell():
     assert dev("run", "no such argument").returncode == 64
 
 
+def test_the_prompt_can_be_edited_and_finds_the_modules_of_the_tree(tmp_path):
+    terminal = pexpect.spawn(str(DEV), ["edit"], cwd=tmp_path, encoding="utf-8", timeout=60,
+                             dimensions=(24, 1000),
+                             env=os.environ | {"HOME": str(tmp_path), "TERM": "xterm"})
+    terminal.expect_exact("sorelapp> ")
+    terminal.send("print(require('sorel.consta\t).name('RADIO_PLATFO\t', 1))\r")
+    terminal.expect_exact("\nRADIO_PLATFORM_TALWIN\r")
+    terminal.sendeof()
+    terminal.expect(pexpect.EOF)
+    assert terminal.wait() == 0
+
+
 def test_the_picture_is_drawn_into_a_folder_and_named(tmp_path):
     folder = tmp_path / "a folder"
     folder.mkdir()
@@ -102,7 +115,7 @@ def test_no_reference_is_made_where_there_is_no_folder(tmp_path):
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
-    verbs = ("run", "test", "arm", "board", "lint", "picture", "reference", "package", "bench",
+    verbs = ("run", "edit", "test", "arm", "board", "lint", "picture", "reference", "package", "bench",
              "size")
     assert all(f"\n  {verb} " in done.stdout for verb in verbs)
 
