@@ -2,6 +2,7 @@
 --- Definitions for the Lua language server: Lua that is never run, with annotations.
 
 local constants = require "sorel.constants"
+local keys = require "sorel.internal.keys"
 local reference = require "sorel.reference"
 local text = require "sorel.internal.text"
 
@@ -182,11 +183,8 @@ end
 
 -- The functions and constants in the table radio.
 function File:declare_radio()
-    local names = {}
-    for name in pairs(radio) do names[#names + 1] = name end
-    table.sort(names)
     self:line("")
-    for _, name in ipairs(names) do self:line(("radio.%s = %s"):format(name, name)) end
+    for _, name in ipairs(keys.sorted(radio)) do self:line(("radio.%s = %s"):format(name, name)) end
     self:line("radioNative.radioOpen = radioOpen")
     self:line("radioNative.radioClose = radioClose")
 end

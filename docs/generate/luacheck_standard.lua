@@ -1,20 +1,14 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
 --- The shell's globals, as a standard for luacheck.
 
+local keys = require "sorel.internal.keys"
 local reference = require "sorel.reference"
 
 local standard = {}
 
-local function sorted(set)
-    local names = {}
-    for name in pairs(set) do names[#names + 1] = name end
-    table.sort(names)
-    return names
-end
-
 -- The fields of a table, and of the tables in it, as a standard describes them.
 local function add_fields(lines, value, indentation)
-    for _, name in ipairs(sorted(value)) do
+    for _, name in ipairs(keys.sorted(value)) do
         if type(value[name]) == "table" then
             lines[#lines + 1] = ("%s%s = { fields = {"):format(indentation, name)
             add_fields(lines, value[name], indentation .. "    ")
@@ -47,7 +41,7 @@ function standard.lines()
         "return { read_globals = {",
     }
     local all = globals()
-    for _, name in ipairs(sorted(all)) do
+    for _, name in ipairs(keys.sorted(all)) do
         if type(all[name]) == "table" then
             -- LuaSocket's Lua part, where it is required, adds to socket.
             local open = name == "socket" and "other_fields = true, " or ""

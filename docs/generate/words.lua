@@ -3,6 +3,7 @@
 -- that breaks words at dots takes apart itself; methods without what stands in front of the colon,
 -- which is a script's to name; Lua's words and functions.
 
+local keys = require "sorel.internal.keys"
 local reference = require "sorel.reference"
 
 local words = {}
@@ -31,10 +32,7 @@ function words.lines()
         if not name:find(" ") then known[name] = true end
     end
     reference.each(function(entry) known[entry.name:gsub("^%w+[:]", "")] = true end)
-    local sorted = {}
-    for word in pairs(known) do sorted[#sorted + 1] = word end
-    table.sort(sorted)
-    return sorted
+    return keys.sorted(known)
 end
 
 return words

@@ -10,6 +10,7 @@
 
 local constants = require "sorel.constants"
 local can_be_chosen = require("sorel.internal.members").can_be_chosen
+local keys = require "sorel.internal.keys"
 local nearest = require "sorel.internal.nearest"
 
 local check = {}
@@ -94,10 +95,9 @@ end
 local function unknown_keys(given, rules)
     local known, unknown = {}, {}
     for _, rule in ipairs(rules) do known[rule[1]] = true end
-    for key in pairs(given) do
+    for _, key in ipairs(keys.sorted(given)) do
         if not known[key] then unknown[#unknown + 1] = key end
     end
-    table.sort(unknown, function(one, other) return tostring(one) < tostring(other) end)
     return unknown
 end
 
@@ -120,13 +120,13 @@ function check.fields(given, rules, where)
         local place = where ~= "" and where:gsub("%.$", "") .. ": " or ""
         return {}, { ("%sa table is expected, got %s"):format(place, what(given)) }
     end
-    local values, mistakes, keys = {}, {}, {}
+    local values, mistakes, names = {}, {}, {}
     local function wrong(key, message)
         mistakes[#mistakes + 1] = ("%s%s: %s"):format(where, tostring(key), message)
     end
     for _, rule in ipairs(rules) do
         local key = rule[1]
-        keys[#keys + 1] = key
+        names[#names + 1] = key
         local value = given[key]
         if value == nil then
             values[key] = rule.default
@@ -138,7 +138,7 @@ function check.fields(given, rules, where)
         end
     end
     for _, key in ipairs(unknown_keys(given, rules)) do
-        local meant = type(key) == "string" and nearest.name(keys, key) or nil
+        local meant = type(key) == "string" and nearest.name(names, key) or nil
         wrong(key, "there is no such key" .. nearest.suggestion(meant))
     end
     return values, mistakes

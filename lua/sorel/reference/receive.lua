@@ -1,6 +1,6 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
-local BEFORE_INIT = "RADIO_EERROR: before radioInit"
-local NO_PATH = "RADIO_ENOTSUP: the second path, which the platform or the configuration lacks"
+local paths = require "sorel.reference.paths"
+local BEFORE_INIT, NO_PATH = paths.BEFORE_INIT, paths.NO_PATH
 
 return {
     name = "receive",
@@ -20,18 +20,14 @@ return {
             name = "radioSetRxChannel",
             text = "Tunes the receivers to a channel of the band. In a TDD mode the transmitters "
                 .. "follow.",
-            arguments = {
-                { name = "channel", type = "uint16_t",
-                    text = "by the mode its EARFCN (3GPP TS 36.101 section 5.7.3), UARFCN "
-                        .. "(TS 25.101 section 5.4.4) or ARFCN (TS 45.005 section 2)" },
-            },
+            arguments = { paths.CHANNEL },
             errors = { "RADIO_EINVAL: no channel of the band", BEFORE_INIT },
             example = "radioSetRxChannel(21100)  -- the uplink EARFCN of 2535 MHz",
         },
         {
             name = "radioSetRxState",
             text = "Switches the receivers of the selected paths.",
-            arguments = { { name = "state", type = "RadioState", text = "on or off" } },
+            arguments = { paths.STATE },
             errors = { "RADIO_EINVAL: no such state", BEFORE_INIT, NO_PATH },
             example = "radioSetRxState(RADIO_STATE_ENABLE)",
         },
@@ -40,7 +36,7 @@ return {
             text = "Switches one receiver.",
             arguments = {
                 { name = "antenna", type = "RadioRxAntenna", text = "which receiver" },
-                { name = "state", type = "RadioState", text = "on or off" },
+                paths.STATE,
             },
             errors = {
                 "RADIO_EINVAL: no such antenna or state",

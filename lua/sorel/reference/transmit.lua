@@ -1,6 +1,6 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
-local BEFORE_INIT = "RADIO_EERROR: before radioInit"
-local NO_PATH = "RADIO_ENOTSUP: the second path, which the platform or the configuration lacks"
+local paths = require "sorel.reference.paths"
+local BEFORE_INIT, NO_PATH = paths.BEFORE_INIT, paths.NO_PATH
 local NO_ANTENNA = "RADIO_ENOTSUP: the second antenna, which the platform or the configuration "
     .. "lacks"
 local NO_POWER = "a power beyond the platform's range or below the lowest of the loaded table"
@@ -28,18 +28,14 @@ return {
             name = "radioSetTxChannel",
             text = "Tunes the transmitters to a channel of the band. In a TDD mode the receivers "
                 .. "follow.",
-            arguments = {
-                { name = "channel", type = "uint16_t",
-                    text = "by the mode its EARFCN (3GPP TS 36.101 section 5.7.3), UARFCN "
-                        .. "(TS 25.101 section 5.4.4) or ARFCN (TS 45.005 section 2)" },
-            },
+            arguments = { paths.CHANNEL },
             errors = { "RADIO_EINVAL: no channel of the band", BEFORE_INIT },
             example = "radioSetTxChannel(3100)  -- the downlink EARFCN of 2655 MHz",
         },
         {
             name = "radioSetTxState",
             text = "Switches the transmitters of the selected paths.",
-            arguments = { { name = "state", type = "RadioState", text = "on or off" } },
+            arguments = { paths.STATE },
             errors = {
                 "RADIO_EINVAL: no such state",
                 BEFORE_INIT .. "; switching on while the chip is too hot",
@@ -51,7 +47,7 @@ return {
         {
             name = "radioSetTxStateOfAntenna",
             text = "Switches one transmitter.",
-            arguments = { ANTENNA, { name = "state", type = "RadioState", text = "on or off" } },
+            arguments = { ANTENNA, paths.STATE },
             errors = {
                 "RADIO_EINVAL: no such antenna or state",
                 BEFORE_INIT .. "; switching on while the chip is too hot",

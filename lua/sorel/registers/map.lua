@@ -2,6 +2,7 @@
 --- Register maps: whether a table describes registers, and where each mistake in it is.
 
 local check = require "sorel.internal.check"
+local keys = require "sorel.internal.keys"
 local words = require "sorel.registers.words"
 
 local map = {}
@@ -96,19 +97,12 @@ local function check_new(seen, element, key, shown, wrong)
     end
 end
 
-local function sorted_names(values)
-    local names = {}
-    for name in pairs(values) do names[#names + 1] = name end
-    table.sort(names, function(one, other) return tostring(one) < tostring(other) end)
-    return names
-end
-
 -- The field's `values`, from name to number, and `names`, from number to name.
 local function name_values(field, wrong)
     local given = field.values or {}
     local least, most = words.range(field)
     field.values, field.names = {}, {}
-    for _, name in ipairs(sorted_names(given)) do
+    for _, name in ipairs(keys.sorted(given)) do
         local number, message = check.value(given[name],
             { type = "number", integer = true, least = least, most = most })
         if type(name) ~= "string" then

@@ -3,6 +3,7 @@
 -- register, the fields of each at once.
 
 local check = require "sorel.internal.check"
+local keys = require "sorel.internal.keys"
 local nearest = require "sorel.internal.nearest"
 local transmitter = require "sorel.transmitter"
 local words = require "sorel.registers.words"
@@ -79,10 +80,8 @@ end
 --- What to write for a table of values by name.
 -- @return a table, from register to what is to be in it; and a list of mistakes
 function writing.plan(map, values)
-    local names, plan, mistakes = {}, {}, {}
-    for name in pairs(values) do names[#names + 1] = name end
-    table.sort(names, function(one, other) return tostring(one) < tostring(other) end)
-    for _, name in ipairs(names) do
+    local plan, mistakes = {}, {}
+    for _, name in ipairs(keys.sorted(values)) do
         local message = plan_one(map, plan, name, values[name])
         if message then mistakes[#mistakes + 1] = ("%s: %s"):format(tostring(name), message) end
     end

@@ -1,6 +1,7 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
 --- What the server of sorel.remote answers to the lines that a connection sends.
 
+local keys = require "sorel.internal.keys"
 local nearest = require "sorel.internal.nearest"
 local protocol = require "sorel.remote.protocol"
 
@@ -15,13 +16,6 @@ function answers.offered()
         end
     end
     return offered
-end
-
-local function sorted_names(set)
-    local names = {}
-    for name in pairs(set) do names[#names + 1] = name end
-    table.sort(names)
-    return names
 end
 
 --- Whether two texts are the same. How long that takes tells only how long the given one is.
@@ -61,11 +55,11 @@ function respond.list(server, member)
         if name:find("^RADIO_") and type(value) == "number" then constants[name] = true end
     end
     local numbers = {}
-    for _, name in ipairs(sorted_names(constants)) do
+    for _, name in ipairs(keys.sorted(constants)) do
         numbers[#numbers + 1] = name
         numbers[#numbers + 1] = radio[name]
     end
-    member:say(protocol.list(sorted_names(server.offered), numbers))
+    member:say(protocol.list(keys.sorted(server.offered), numbers))
 end
 
 function respond.ping(_, member)
@@ -79,7 +73,7 @@ end
 local function why_not(server, name)
     local reason = protocol.withheld[name]
     if reason then return ("%s() is not offered: %s"):format(name, reason) end
-    local meant = nearest.name(sorted_names(server.offered), name, "radio")
+    local meant = nearest.name(keys.sorted(server.offered), name, "radio")
     return ("there is no function %s"):format(name) .. nearest.suggestion(meant)
 end
 

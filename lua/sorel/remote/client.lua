@@ -2,6 +2,7 @@
 --- The other side of sorel.remote: a table of functions that are called on a server's board.
 
 local clock = require "sorel.remote.clock"
+local keys = require "sorel.internal.keys"
 local lines = require "sorel.remote.lines"
 local nearest = require "sorel.internal.nearest"
 local protocol = require "sorel.remote.protocol"
@@ -121,7 +122,7 @@ end
 
 -- The table that a script gets.
 local function board_of(self, functions, constants)
-    local board, names = {}, {}
+    local board = {}
     for _, name in ipairs(functions) do
         board[name] = caller(self, name)
     end
@@ -131,8 +132,7 @@ local function board_of(self, functions, constants)
     for name, reason in pairs(protocol.withheld) do
         board[name] = refuser(self, name, reason)
     end
-    for name in pairs(board) do names[#names + 1] = name end
-    table.sort(names)
+    local names = keys.sorted(board)
     local more = extras(self)
     return setmetatable(board, { __index = function(_, name)
         if more[name] then return more[name] end

@@ -2,6 +2,7 @@
 --- The definitions for the Lua language server, loaded as Lua: they define what is there, no more
 -- and no less.
 local kit = require "kit"
+local keys = require "sorel.internal.keys"
 local reference = require "sorel.reference"
 local check = kit.check
 
@@ -13,13 +14,6 @@ local function path_of(module)
     return LIBRARY .. module:gsub("%.", "/") .. ".lua"
 end
 
-local function sorted(set)
-    local names = {}
-    for name in pairs(set) do names[#names + 1] = name end
-    table.sort(names)
-    return names
-end
-
 -- The globals that the definitions of the globals make.
 local function defined()
     local own = {}
@@ -29,7 +23,7 @@ end
 
 -- What two tables, and the tables in them, have: the same names, types and constants.
 local function check_same(given, live, where)
-    check.assertEquals(sorted(given), sorted(live), where)
+    check.assertEquals(keys.sorted(given), keys.sorted(live), where)
     for name, value in pairs(live) do
         check.assertEquals(type(given[name]), type(value), where .. "." .. name)
         if type(value) == "table" then check_same(given[name], value, where .. "." .. name) end

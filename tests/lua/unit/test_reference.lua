@@ -2,18 +2,12 @@
 --- The texts of help and of the reference, held against what they are about: the live tables, the
 -- messages of the driver's functions, sorel.h, the sources of the modules.
 local kit = require "kit"
+local keys = require "sorel.internal.keys"
 local constants = require "sorel.constants"
 local reference = require "sorel.reference"
 local check = kit.check
 
 local HEADER = kit.content(kit.source "include/sorel.h")
-
-local function sorted(set)
-    local names = {}
-    for name in pairs(set) do names[#names + 1] = name end
-    table.sort(names)
-    return names
-end
 
 -- The entries that a function takes, by name.
 local function entries(wanted)
@@ -69,10 +63,10 @@ function TestNames.test_the_driver_s_functions_have_entries_and_nothing_else_of_
         if type(value) == "function" then live[name] = true end
     end
     live.radioOpen, live.radioClose = true, true
-    check.assertEquals(sorted(entries(function(entry)
+    check.assertEquals(keys.sorted(entries(function(entry)
         return reference.is_function(entry) and entry.name:find("^[rR]adio")
-    end)), sorted(live))
-    check.assertEquals(#sorted(DRIVER), 44)
+    end)), keys.sorted(live))
+    check.assertEquals(#keys.sorted(DRIVER), 44)
 end
 
 function TestNames.test_every_constant_has_a_text_and_every_text_its_constant()
@@ -80,10 +74,10 @@ function TestNames.test_every_constant_has_a_text_and_every_text_its_constant()
         local entry = entries(function(entry) return entry.name == group end)[group]
         local members = constants.members(group)
         table.sort(members)
-        check.assertEquals(sorted(entry.members), members)
+        check.assertEquals(keys.sorted(entry.members), members)
         for name, text in pairs(entry.members) do check.assertStrContains(text, "%S", true, name) end
     end
-    check.assertEquals(sorted(entries(function(entry) return entry.members end)), (function()
+    check.assertEquals(keys.sorted(entries(function(entry) return entry.members end)), (function()
         local groups = constants.groups()
         table.sort(groups)
         return groups
@@ -118,9 +112,9 @@ end
 
 function TestNames.test_bit_and_socket_have_an_entry_for_each_field_and_none_besides()
     for name, value in pairs { bit = bit, socket = socket } do
-        check.assertEquals(sorted(entries(function(entry)
+        check.assertEquals(keys.sorted(entries(function(entry)
             return entry.name:find("^" .. name .. "%.")
-        end)), sorted(fields(value, name .. ".", {})))
+        end)), keys.sorted(fields(value, name .. ".", {})))
     end
 end
 
@@ -130,9 +124,9 @@ function TestNames.test_sockets_have_an_entry_for_each_method_and_none_besides()
         for field, it in pairs(getmetatable(value).__index) do
             live[name .. (type(it) == "function" and ":" or ".") .. field] = true
         end
-        check.assertEquals(sorted(entries(function(entry)
+        check.assertEquals(keys.sorted(entries(function(entry)
             return entry.name:find("^" .. name .. "[:.]")
-        end)), sorted(live))
+        end)), keys.sorted(live))
     end
 end
 
@@ -145,9 +139,9 @@ function TestNames.test_modules_have_an_entry_for_each_function_and_none_besides
         else
             for field in pairs(value) do live[name .. "." .. field] = true end
         end
-        check.assertEquals(sorted(entries(function(entry, subject)
+        check.assertEquals(keys.sorted(entries(function(entry, subject)
             return subject.module == module and not entry.members and not entry.name:find(":")
-        end)), sorted(live))
+        end)), keys.sorted(live))
     end
 end
 
@@ -273,7 +267,7 @@ function TestArguments.test_statuses_of_the_driver_s_functions_are_those_of_the_
         end
         told.RADIO_EIO = nil
         if name == "radioSetDebugLevel" then expected[name] = {} end
-        check.assertEquals(sorted(told), sorted(expected[name]), name)
+        check.assertEquals(keys.sorted(told), keys.sorted(expected[name]), name)
     end
 end
 

@@ -1,5 +1,6 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
 local kit = require "kit"
+local keys = require "sorel.internal.keys"
 local nearest = require "sorel.internal.nearest"
 local output = require "sorel.internal.output"
 local text = require "sorel.internal.text"
@@ -22,6 +23,14 @@ end
 function TestNearest.test_what_is_like_none_of_them_stands_for_none()
     check.assertNil(nearest.name({ "average", "settle" }, "frequency"))
     check.assertNil(nearest.name({}, "average"))
+end
+
+TestKeys = {}
+
+function TestKeys.test_keys_of_any_type_are_in_the_order_of_their_texts()
+    check.assertEquals(keys.sorted { b = 1, [true] = 1, a = 1, [7] = 1, [10] = 1 },
+        { 10, 7, "a", "b", true })
+    check.assertEquals(keys.sorted {}, {})
 end
 
 TestColumns = {}
