@@ -4,6 +4,7 @@
 -- What is found is { subject = ..., entry = ..., member = ... }, of which the entry or the member
 -- may be nil.
 
+local keys = require "sorel.internal.keys"
 local nearest = require "sorel.internal.nearest"
 local reference = require "sorel.reference"
 
@@ -102,6 +103,18 @@ function find.value(value)
     return entry or subject
 end
 
+-- The words of all texts but the shortest, for one that is misspelt.
+local function words_said()
+    local known = {}
+    each(function(thing)
+        if thing.member then return end
+        local said = {}
+        gather(thing.entry or thing.subject, said)
+        for word in table.concat(said, " "):lower():gmatch("%a%a%a%a+") do known[word] = true end
+    end)
+    return keys.sorted(known)
+end
+
 --- The words for what there is no help for.
 function find.nothing(asked)
     if type(asked) ~= "string" then
@@ -113,6 +126,7 @@ function find.nothing(asked)
     each(function(_, name) names[#names + 1] = name end)
     table.sort(names)
     local name = nearest.name(names, asked)
+        or asked:find("^%a+$") and nearest.name(words_said(), asked)
     return words .. (name and nearest.suggestion(name) or ". The word help alone is an overview.")
 end
 

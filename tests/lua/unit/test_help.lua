@@ -215,6 +215,12 @@ function TestAsking.test_a_misspelt_name_suggests_the_nearest()
         { 'There is no help for "bit.tohexx"; did you mean bit.tohex?' })
 end
 
+function TestAsking.test_a_misspelt_word_suggests_the_nearest_that_is_said()
+    check.assertEquals(shown("rtpw"), { 'There is no help for "rtpw"; did you mean rtwp?' })
+    check.assertEquals(shown("Ocillator"),
+        { 'There is no help for "Ocillator"; did you mean oscillator?' })
+end
+
 function TestAsking.test_what_is_like_nothing_leads_to_the_overview()
     check.assertEquals(shown("xyzzyxyzzy"),
         { 'There is no help for "xyzzyxyzzy". The word help alone is an overview.' })
