@@ -65,6 +65,15 @@ function kit.source(path)
     return debug.getinfo(1, "S").source:match("^@(.*)tests/lua/unit/kit.lua$") .. path
 end
 
+--- A new file with these bytes; its path.
+function kit.file(content)
+    local path = os.tmpname()
+    local file = assert(io.open(path, "wb"))
+    file:write(content)
+    file:close()
+    return path
+end
+
 --- A radio in its first state, set up for LTE in band 7 with two antennas.
 function kit.fresh_radio()
     radioOpen()

@@ -28,14 +28,6 @@ end
 local INIT = "radioInit(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7) = "
     .. "RADIO_ESUCCESS"
 
-local function content_file(content)
-    local path = os.tmpname()
-    local file = assert(io.open(path, "w"))
-    file:write(content)
-    file:close()
-    return path
-end
-
 TestSteps = {}
 
 function TestSteps.setUp()
@@ -48,7 +40,7 @@ function TestSteps.test_the_least_table_resets_and_sets_up()
 end
 
 function TestSteps.test_everything_is_set_in_its_order_and_the_transmitter_goes_on_last()
-    local calibration = content_file("[integers]\ncrystal = -12\n")
+    local calibration = kit.file("[integers]\ncrystal = -12\n")
     check.assertEquals(commands {
         tx_state = "RADIO_STATE_ENABLE", selected_paths = "RADIO_SELECT_0",
         rx_state = { "RADIO_STATE_ENABLE", 0 }, tx_dc_offsets = {
@@ -118,7 +110,7 @@ function TestSteps.test_every_tenth_of_a_dbm_reaches_the_driver_as_it_is()
 end
 
 function TestSteps.test_what_an_initialisation_script_switched_on_goes_off()
-    local script = content_file("delay 200 us\nwrite 0x30 1\n")
+    local script = kit.file("delay 200 us\nwrite 0x30 1\n")
     check.assertEquals(commands { script = script, tx_max_power_dbm = 0 }, {
         "radioInitByScript(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7, "
             .. "\"" .. script

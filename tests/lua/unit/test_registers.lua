@@ -42,14 +42,6 @@ local function write(what, value)
     board:write(what, value)
 end
 
-local function file_of(content)
-    local path = os.tmpname()
-    local file = assert(io.open(path, "wb"))
-    file:write(content)
-    file:close()
-    return path
-end
-
 TestWords = {}
 
 function TestWords.setUp()
@@ -431,7 +423,7 @@ function TestFiles.test_what_is_saved_is_loaded_again()
 end
 
 function TestFiles.test_a_person_may_write_comments_blanks_and_other_line_ends()
-    local path = file_of("\r\n  0x10\t0xA # ten\r\n# nothing\r\n\tend  \r\n# end\n")
+    local path = kit.file("\r\n  0x10\t0xA # ten\r\n# nothing\r\n\tend  \r\n# end\n")
     local dump = registers.load(path, board)
     check.assertEquals({ #dump, dump[1].address, dump[1].value, dump[1].name },
         { 1, 16, 10, "SCRATCH" })
@@ -439,7 +431,7 @@ function TestFiles.test_a_person_may_write_comments_blanks_and_other_line_ends()
 end
 
 function TestFiles.test_each_malformed_line_is_told_with_file_and_line()
-    local path = file_of("0x10 0x1\n16 0x1\n0x11 1\n0x11\n0x11 0x1 A B\n0x11 0x123456789\n0x10 "
+    local path = kit.file("0x10 0x1\n16 0x1\n0x11 1\n0x11\n0x11 0x1 A B\n0x11 0x123456789\n0x10 "
         .. "0x2\n"
         .. "os.exit() 0x0\nend\nend\n")
     check.assertEquals(message_of(registers.load, path), (([[registers.load: 8 mistakes:
@@ -457,7 +449,7 @@ end
 function TestFiles.test_a_file_that_was_cut_off_is_refused_wherever_that_was()
     local whole = "# registers\n0x0000 0x534f5200 ID\n0x0010 0xdeadbeef SCRATCH\nend\n"
     for size = 0, #whole - 2 do
-        local path = file_of(whole:sub(1, size))
+        local path = kit.file(whole:sub(1, size))
         check.assertStrContains(message_of(registers.load, path),
             path .. ": there is no line end; the file may be cut off")
         os.remove(path)
@@ -465,7 +457,7 @@ function TestFiles.test_a_file_that_was_cut_off_is_refused_wherever_that_was()
 end
 
 function TestFiles.test_a_file_that_does_not_agree_with_the_map_is_refused()
-    local path = file_of("0x10 0x1 SCRETCH\n0x12 0x1\nend\n")
+    local path = kit.file("0x10 0x1 SCRETCH\n0x12 0x1\nend\n")
     check.assertEquals(message_of(registers.load, path, board), (([[registers.load: 2 mistakes:
   FILE:1: the register at 0x0010 is SCRATCH in simulated board, not SCRETCH
   FILE:2: simulated board has no register at 0x0012]]):gsub("FILE", path)))
