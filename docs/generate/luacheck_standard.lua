@@ -19,16 +19,18 @@ local function add_fields(lines, value, indentation)
     end
 end
 
--- The names of all globals, with the tables among them as they are.
-local function globals()
+-- The names of the globals that are not also in the table radio, with the tables among them as they
+-- are.
+local function other_globals()
     local found = {}
-    for name, value in pairs(radio) do found[name] = value end
     reference.each(function(entry, subject)
         local name = entry.name
         local own = not subject.module or subject.name == "help"
-        if own and not name:find("[.:]") then found[name] = _G[name] or true end
+        if own and radio[name] == nil and not name:find("[.:]") then
+            found[name] = _G[name] or true
+        end
     end)
-    found.bit, found.socket = bit, socket
+    found.bit, found.socket, found.radio = bit, socket, nil
     return found
 end
 
@@ -38,21 +40,27 @@ function standard.lines()
         "-- SPDX-License-Identifier: LicenseRef-Proprietary",
         "-- Made by ./dev reference; what is changed here is lost.",
         "-- The shell's globals as a standard for luacheck; README.md beside this file tells how.",
-        "return { read_globals = {",
+        "local radio = {",
     }
-    local all = globals()
-    for _, name in ipairs(keys.sorted(all)) do
-        if type(all[name]) == "table" then
+    local function add(...)
+        for place = 1, select("#", ...) do lines[#lines + 1] = select(place, ...) end
+    end
+    add_fields(lines, radio, "    ")
+    add("}", "", "local globals = {", "    radio = { fields = radio },")
+    local others = other_globals()
+    for _, name in ipairs(keys.sorted(others)) do
+        if type(others[name]) == "table" then
             -- LuaSocket's Lua part, where it is required, adds to socket.
             local open = name == "socket" and "other_fields = true, " or ""
-            lines[#lines + 1] = ("    %s = { %sfields = {"):format(name, open)
-            add_fields(lines, all[name], "        ")
-            lines[#lines + 1] = "    } },"
+            add(("    %s = { %sfields = {"):format(name, open))
+            add_fields(lines, others[name], "        ")
+            add("    } },")
         else
-            lines[#lines + 1] = ("    %s = {},"):format(name)
+            add(("    %s = {},"):format(name))
         end
     end
-    lines[#lines + 1] = "} }"
+    add("}", "", "for name, field in pairs(radio) do globals[name] = field end", "",
+        "return { read_globals = globals }")
     return lines
 end
 

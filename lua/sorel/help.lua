@@ -34,6 +34,7 @@ local function help(...)
     for _, line in ipairs(answer(...)) do print(line) end
 end
 
+-- To luacheck, help is a global that scripts find and do not set; this one place sets it.
 _G.help = help -- luacheck: ignore 122 142
 
 return help

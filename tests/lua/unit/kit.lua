@@ -37,6 +37,25 @@ function kit.raised(action, ...)
     return message
 end
 
+--- Calls a function while a field of a table has another value, which it has no longer afterwards.
+-- @return the function's results
+-- @error the function's
+function kit.with(owner, name, value, action, ...)
+    local original = owner[name]
+    owner[name] = value
+    local results = { pcall(action, ...) }
+    owner[name] = original
+    if not results[1] then error(results[2], 0) end
+    return unpack(results, 2, table.maxn(results))
+end
+
+--- What a function prints, a list of texts, one for each call of print with an only text.
+function kit.printed(action, ...)
+    local printed = {}
+    kit.with(_G, "print", function(text) printed[#printed + 1] = text end, action, ...)
+    return printed
+end
+
 --- The names of new globals and of those with another value than before, after calling a function.
 function kit.globals_changed(action, ...)
     local before, changed = {}, {}

@@ -7,12 +7,7 @@ local changed = kit.globals_changed(function() require "sorel.help" end)
 
 -- The lines that help prints.
 local function shown(...)
-    local lines, print_before = {}, print
-    print = function(line) lines[#lines + 1] = line end -- luacheck: ignore 121
-    local succeeded, message = pcall(help, ...)
-    print = print_before -- luacheck: ignore 121
-    check.assertTrue(succeeded, message)
-    return lines
+    return kit.printed(help, ...)
 end
 
 local function text(...)
@@ -184,10 +179,8 @@ function TestAsking.test_a_function_a_table_and_a_module_are_found_by_themselves
 end
 
 function TestAsking.test_a_function_that_a_script_has_put_in_place_of_another_is_found_by_its_name()
-    local before = radioInit
-    radioInit = function() end -- luacheck: ignore 111
-    check.assertEquals(text(radioInit), text("radioInit"))
-    radioInit = before -- luacheck: ignore 111
+    local function replaced() end
+    check.assertEquals(kit.with(_G, "radioInit", replaced, text, replaced), text("radioInit"))
 end
 
 function TestAsking.test_a_word_finds_whatever_mentions_it_names_first()

@@ -306,16 +306,15 @@ end
 
 function TestTransmitter.test_one_that_cannot_be_switched_off_is_an_error_of_the_test()
     kit.fresh_radio()
-    local state, reset = radioSetTxState, radioReset
-    rawset(_G, "radioSetTxState", nil)
-    rawset(_G, "radioReset", function() error("stuck", 0) end)
-    local told, passed, details = results { steps = {
+    local function stuck() error("stuck", 0) end
+    local function refused(...)
+        return kit.with(_G, "radioSetTxState", stuck, kit.with, _G, "radioReset", stuck, ...)
+    end
+    local told, passed, details = refused(results, { steps = {
         { name = "a", check = function() error("broken", 0) end },
         { name = "b", check = gives(true) },
-    } }
-    local message = refusal {}
-    rawset(_G, "radioSetTxState", state)
-    rawset(_G, "radioReset", reset)
+    } })
+    local message = refused(refusal, {})
     check.assertEquals({ told, passed }, { "a=error b=pass transmitter off=error", false })
     check.assertEquals(details.steps[1].message, "broken; the transmitter may still be on: stuck")
     check.assertEquals(details.steps[3].message, "the transmitter may still be on: stuck")

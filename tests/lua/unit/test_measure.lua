@@ -14,16 +14,6 @@ local function values(...)
     end
 end
 
--- What a function prints, a list of lines.
-local function printed(action, ...)
-    local original, lines = print, {}
-    _G.print = function(line) lines[#lines + 1] = line end -- luacheck: ignore 122
-    local succeeded, message = pcall(action, ...)
-    _G.print = original -- luacheck: ignore 122
-    assert(succeeded, message)
-    return lines
-end
-
 TestStatistics = {}
 
 function TestStatistics.test_powers_are_averaged_in_milliwatts()
@@ -158,11 +148,8 @@ function TestRead.test_a_reading_that_always_fails_is_not_a_number()
 end
 
 function TestRead.test_what_a_script_replaces_is_what_is_called()
-    local original = radioGetTemperature
-    radioGetTemperature = function() return 40 end -- luacheck: ignore 111
-    local temperature = measure.read("temperature")
-    radioGetTemperature = original -- luacheck: ignore 111
-    check.assertEquals(temperature, 40)
+    local function replaced() return 40 end
+    check.assertEquals(kit.with(_G, "radioGetTemperature", replaced, measure.read, "temperature"), 40)
 end
 
 function TestRead.test_every_mistake_is_named_before_anything_is_read()
@@ -207,7 +194,7 @@ function TestRows.setUp() kit.fresh_radio() end
 function TestRows.test_what_was_observed_has_statistics_and_is_printed()
     local drift = { name = "drift", unit = "dB", read = values(1, 2.5, NAN) }
     local rows = measure.observe({ "gain", drift }, { average = 3 })
-    check.assertEquals(printed(measure.print, rows), {
+    check.assertEquals(kit.printed(measure.print, rows), {
         "reading  unit   mean  minimum  maximum  deviation  count  failed",
         "gain     dB    76.00       76    76.00       0.00      3       0",
         "drift    dB     1.75        1     2.50       1.06      2       1",
@@ -222,7 +209,7 @@ local ROWS = {
 }
 
 function TestRows.test_a_table_is_aligned_and_shows_what_was_set_as_it_is()
-    check.assertEquals(printed(measure.print, ROWS), {
+    check.assertEquals(kit.printed(measure.print, ROWS), {
         "      step  rtwp_dbm  what",
         "     0.125    -92.34  a, b",
         "2655000000         -  c",
@@ -231,14 +218,14 @@ function TestRows.test_a_table_is_aligned_and_shows_what_was_set_as_it_is()
 end
 
 function TestRows.test_the_columns_of_a_table_can_be_chosen()
-    check.assertEquals(printed(measure.print, ROWS, { "what", "step" })[2], "a, b       0.125")
+    check.assertEquals(kit.printed(measure.print, ROWS, { "what", "step" })[2], "a, b       0.125")
     local message = kit.raised(function() measure.print(ROWS, { "stp" }) end)
     check.assertStrMatches(message, ".*test_measure.lua:%d+: measure.print: .*")
     check.assertStrContains(message, "columns[1]: there is no column stp; did you mean step?")
 end
 
 function TestRows.test_no_rows_are_only_the_names_of_the_columns()
-    local lines = printed(measure.print, { columns = ROWS.columns })
+    local lines = kit.printed(measure.print, { columns = ROWS.columns })
     check.assertEquals(lines, { "step  rtwp_dbm  what" })
 end
 

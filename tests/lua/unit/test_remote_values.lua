@@ -43,13 +43,11 @@ function TestValues.test_numbers_travel_between_locales()
     local format, number = string.format, tonumber
     local function with_comma(...) return (format(...):gsub("%.", ",")) end
     local function of_comma(text) return number((text:gsub("%.", "x"):gsub(",", "."))) end
-    string.format = with_comma                 -- luacheck: ignore 122
-    local written = values.encode(-92.34375)
-    rawset(_G, "tonumber", of_comma)
-    local _, read = values.read("-92.34375e-1", 1)
-    string.format = format                     -- luacheck: ignore 122
-    rawset(_G, "tonumber", number)
-    check.assertEquals({ written, read }, { "-92.34375", -9.234375 })
+    kit.with(string, "format", with_comma, function()
+        local written = values.encode(-92.34375)
+        local _, read = kit.with(_G, "tonumber", of_comma, values.read, "-92.34375e-1", 1)
+        check.assertEquals({ written, read }, { "-92.34375", -9.234375 })
+    end)
 end
 
 function TestValues.test_texts_of_all_bytes_travel_as_printable_ascii()
