@@ -14,8 +14,9 @@
 --         }
 --     end)
 --
--- When limits.run, limits.exit or limits.main ends, in whatever way, the transmitter is off. Only
--- limits.main, around the whole script, keeps that promise for errors outside limits.run.
+-- When limits.run, limits.exit or limits.main returns, raises an error or ends the process, the
+-- transmitter is off; not so when a step does, by os.exit. Only limits.main, around the whole
+-- script, keeps that promise for errors outside limits.run.
 
 local check = require "sorel.internal.check"
 local definition = require "sorel.limits.definition"

@@ -79,6 +79,10 @@ function measure.statistics(values, unit)
         mistakes[1] = "values: a list is expected, got " .. type(values)
         values = {}
     end
+    if next(values) ~= nil then
+        local _, misplaced = check.list(values, "values")
+        for _, mistake in ipairs(misplaced) do mistakes[#mistakes + 1] = mistake end
+    end
     for place, value in ipairs(values) do
         if type(value) ~= "number" then
             mistakes[#mistakes + 1] = ("values[%d]: a number is expected, got %s"):format(place,
@@ -104,7 +108,7 @@ end
 --- Prints rows as a table. What is not a number is "-"; what is not whole has two decimals, but for
 -- what a sweep has set.
 -- @param rows what sweep.run or measure.observe returned
--- @param columns a list of the columns to show, or nil for all
+-- @param columns a column to show or a list of them, or nil for all
 -- @error where there is no such column
 function measure.print(rows, columns)
     row_text.check(rows, "measure.print", 2)
@@ -121,6 +125,9 @@ end
 -- @error when the file cannot be written, a full disk included
 function measure.write(rows, file)
     row_text.check(rows, "measure.write", 2)
+    if file ~= nil and type(file) ~= "string" then
+        error("measure.write: file: a path is expected, got a " .. type(file), 2)
+    end
     row_text.write(rows, file)
 end
 

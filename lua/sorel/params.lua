@@ -14,6 +14,7 @@ local check = require "sorel.internal.check"
 local definition = require "sorel.params.definition"
 local ending = require "sorel.internal.ending"
 local nearest = require "sorel.internal.nearest"
+local transmitter = require "sorel.transmitter"
 local usage = require "sorel.params.usage"
 local value = require "sorel.params.value"
 
@@ -36,7 +37,8 @@ end
 --
 -- What is wrong with the variables is told at once, with a usage text. In a script (-b) or command
 -- (-c) that does not catch errors, that goes to standard error and the process ends: transmitter
--- off, radio closed, status 64. Elsewhere, at the prompt above all, it is an error.
+-- off, radio closed, status 64. Elsewhere, at the prompt above all, it is an error; so it is, with
+-- the transmitter off, where `return params.read(...)` or the like is the last thing of a script.
 -- @param parameters a list of tables, in the order of the usage text:
 --   { "NAME",          of the variable: letters, digits and _
 --     text = TEXT,     what it means
@@ -66,7 +68,12 @@ function params.read(parameters)
     end
     if #mistakes == 0 then return guarded(values, names) end
     local message = usage.refusal(ending.script(), rules, mistakes)
-    if ending.caught() then error(message, 0) end
+    local caught, maybe = ending.caught()
+    if maybe then
+        local off, refusal = transmitter.off()
+        if not off then message = message .. "\nthe transmitter may still be on: " .. refusal end
+    end
+    if caught then error(message, 0) end
     ending.say(message)
     ending.leave(REFUSED)
 end

@@ -122,7 +122,10 @@ function registers.dump(map, names)
     local wanted = map.registers
     if names ~= nil then
         wanted = {}
-        for place, name in ipairs(type(names) == "table" and names or { names }) do
+        if type(names) ~= "table" then names = { names } end
+        local _, misplaced = check.list(names, "names")
+        check.raise("registers.dump", misplaced, 2)
+        for place, name in ipairs(names) do
             local register, field, message = writing.named(map, name)
             if not register or field then
                 arguments.mistake("dump", message or name .. ": a register is expected")

@@ -156,7 +156,7 @@ function sweep.run(options)
         if done and not closed then done, reason, off = false, failure, switched_off() end
     end
     if not done then
-        rows.error = stopped(asked, rows, state.point, tostring(reason), off)
+        rows.error = stopped(asked, rows, state.point, text.of_error(reason), off)
         error(rows.error, 0)
     end
     warn_of_failed(asked, rows)

@@ -5,6 +5,8 @@
 --     transmitter.off()
 --     transmitter.guarded(function() ... end)
 
+local text = require "sorel.internal.text"
+
 local transmitter = {}
 
 local function packed(...)
@@ -37,7 +39,8 @@ function transmitter.guarded(action, ...)
     if results[1] then return unpack(results, 2, results.count) end
     local off, message = transmitter.off()
     if off then error(results[2], 0) end
-    error(("%s; the transmitter may still be on: %s"):format(tostring(results[2]), message), 0)
+    error(("%s; the transmitter may still be on: %s"):format(text.of_error(results[2]),
+        text.of_error(message)), 0)
 end
 
 return transmitter

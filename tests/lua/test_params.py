@@ -226,6 +226,19 @@ def test_a_script_ends_with_a_usage_text_the_status_64_and_the_transmitter_off(t
                          "radioSetTxState(context1, 0)"]
 
 
+@pytest.mark.parametrize("text", [
+    "return require('sorel.params').read { { 'SERIAL' } }",
+    "local function main() local _ = require('sorel.params').read { { 'SERIAL' } } end "
+    "return main()",
+])
+def test_one_that_cannot_be_told_from_a_prompt_fails_with_the_transmitter_off(text):
+    ran = run("-c", "radioSetTxState(RADIO_STATE_ENABLE) " + text, **FOUND)
+    assert (ran.status, ran.out) == (1, "")
+    assert "SERIAL: is missing\n" in ran.err and "usage: SERIAL=... " in ran.err
+    assert ran.log[1:] == ["radioSetTxState(context1, 1)", "radioSelect(context1, 2)",
+                           "radioSetTxState(context1, 0)"]
+
+
 def test_so_does_a_command(tmp_path):
     ran = run("-c", f"{READ} {{ {{ 'NOT_THERE' }} }}", cwd=tmp_path, **FOUND)
     assert (ran.status, ran.err) == (

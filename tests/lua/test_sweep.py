@@ -48,7 +48,9 @@ def test_rows_can_go_to_standard_output():
 
 def test_two_runs_leave_the_same_bytes():
     options = GAINS + "average = 8, statistics = true, csv = '-'"
-    assert sweep(options).out == sweep(options).out
+    first = sweep(options)
+    assert (first.status, first.out.count("\r\n")) == (0, 5)
+    assert sweep(options).out == first.out
 
 
 def test_readings_that_fail_are_told_and_leave_empty_cells(tmp_path):

@@ -40,6 +40,7 @@ end
 --- Whether somebody lives on after an error that the caller raises: a pcall of the script, or the
 -- prompt. Nobody does in a script (-b) or command (-c) that does not catch it, nor in
 -- ending.guarded.
+-- @return true or false; and "maybe" after true where that cannot be told
 function ending.caught()
     if coroutine.running() then return true end
     local level, outermost = 2, nil
@@ -54,6 +55,7 @@ function ending.caught()
         level = level + 1
     end
     -- The prompt names its lines "stdin". What called in place of itself (return f()) is not known.
+    if outermost.what == "tail" then return true, "maybe" end
     return outermost.what ~= "main" or outermost.source == "stdin"
 end
 

@@ -1,5 +1,5 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
---- The keys of a table in an order that does not change from run to run, which that of pairs() does.
+--- The keys of a table in an order that does not change from run to run, as that of pairs() may.
 
 local keys = {}
 

@@ -88,7 +88,10 @@ function readings.of(given, where, mistakes)
         return {}
     end
     local list, columns = {}, {}
-    for place, one in ipairs(given) do
+    local count, misplaced = check.list(given, where)
+    for _, mistake in ipairs(misplaced) do mistakes[#mistakes + 1] = mistake end
+    for place = 1, count do
+        local one = given[place]
         local here = ("%s[%d]"):format(where, place)
         local reading = reading_of(one, here, mistakes)
         local column = reading and readings.column(reading.name, reading.unit)

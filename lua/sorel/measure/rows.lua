@@ -25,8 +25,10 @@ function rows.finite(value)
 end
 
 --- The columns of the keys that a caller names.
+-- @param keys a list, or the only one
 -- @param mistakes the list that keys without a column are added to
 function rows.chosen(given, keys, mistakes)
+    if type(keys) ~= "table" then keys = { keys } end
     local list, known, by_key = {}, {}, {}
     for place, column in ipairs(given.columns) do
         known[place], by_key[column.key] = column.key, column

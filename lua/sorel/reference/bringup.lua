@@ -65,11 +65,9 @@ return {
     module = "sorel.bringup",
     title = "a board brought up from one table",
     text = "The radio is reset, or opened if none is open, and then set in the order of the "
-        .. "keys; what "
-        .. "the table does not name is as radioInit() leaves it. The transmitter is off until "
-        .. "the last "
-        .. "step, and after any failure. Write constants as texts: a misspelt text is a mistake, a "
-        .. "misspelt global is nil, as if the key were not there.",
+        .. "keys; what the table does not name is as radioInit() leaves it. The transmitter is "
+        .. "off until the last step, and after any failure of a step. Write constants as texts: a "
+        .. "misspelt text is a mistake, a misspelt global is nil, as if the key were not there.",
     prepare = [[
 cell = { configuration = "RADIO_CONF_MIMO", band = "RADIO_BAND_7",
     mode = "RADIO_MODE_4GENODEB_FDD_20MHZ" }]],
@@ -130,7 +128,8 @@ cell = { configuration = "RADIO_CONF_MIMO", band = "RADIO_BAND_7",
                     { name = "debug_level", type = "RADIO_DEBUG",
                         text = "how much the driver says" },
                     { name = "receivers", type = "table",
-                        text = "list of { rtwp_dbm = N, gain_db = N }, one for each antenna" },
+                        text = "list of { rtwp_dbm = N, gain_db = N }, always two: of an antenna "
+                            .. "that is not there both are nil" },
                 } },
             },
             errors = { "No radio context, call radioOpen() first" },

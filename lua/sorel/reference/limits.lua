@@ -8,8 +8,9 @@ return {
     name = "limits",
     module = "sorel.limits",
     title = "a production test: steps, limits, a report, JUnit XML, CSV",
-    text = "When limits.run, limits.exit or limits.main ends, in whatever way, the transmitter is "
-        .. "off. After an error elsewhere in a script the shell ends with the radio as it is, "
+    text = "When limits.run, limits.exit or limits.main returns, raises an error or ends the "
+        .. "process, the transmitter is off; not so when a step does, by os.exit. After an error "
+        .. "elsewhere in a script the shell ends with the radio as it is, "
         .. "unless limits.main is around the whole script. A script that ends without limits.main "
         .. "and limits.exit has the status 0 also where steps failed.",
     prepare = [[

@@ -10,7 +10,8 @@ return {
                 .. "missing. What is wrong is told at once, with a usage text. In a script (-b) or "
                 .. "command (-c) that does not catch errors it goes to standard error, and the "
                 .. "process ends: transmitter off, radio closed, status 64. Elsewhere, at the "
-                .. "prompt above all, it is raised as an error.",
+                .. "prompt above all, it is raised as an error; so it is, with the transmitter "
+                .. "off, where return params.read { ... } or the like ends a script.",
             arguments = {
                 { name = "parameters", type = "table",
                     text = "a list, in the order of the usage text; each is a table with the "

@@ -1,5 +1,5 @@
 -- SPDX-License-Identifier: LicenseRef-Proprietary
---- What the functions of the transmit and of the receive path have in common; no subject of its own.
+--- What the functions of the transmit and the receive path have in common; no subject itself.
 return {
     BEFORE_INIT = "RADIO_EERROR: before radioInit",
     NO_PATH = "RADIO_ENOTSUP: the second path, which the platform or the configuration lacks",

@@ -235,7 +235,7 @@ before:save("good.txt")]],
             text = [[Writes those registers of a dump that are "rw" in the map, in its order, ]]
                 .. [[and reads ]]
                 .. "them back: the fields that can be written, the whole word where there are no "
-                .. "fields. After any failure the transmitters are off.",
+                .. "fields. After a failure at the board the transmitters are off.",
             arguments = { map, dump "a dump, all of whose registers are in the map" },
             results = { { name = "count", type = "number", text = "how many were written" } },
             errors = {

@@ -76,8 +76,8 @@ return {
                     .. "reading (rtwp_dbm; not-a-number where all failed), and failed, how many "
                     .. "single readings failed; of failures a line on standard error tells too" } },
             errors = {
-                "every mistake in the options, before the board is touched; more than 1000000 "
-                    .. "points are one",
+                "every mistake in the options, more than 1000000 points among them, and a file "
+                    .. "that cannot be begun, before the board is touched",
                 "what the driver, the file or a script's function raised, with the point; the "
                     .. "transmitters are then off, or it says that they may be on, the file is "
                     .. "closed and has the rows until then, which sweep.last returns",

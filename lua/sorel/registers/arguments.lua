@@ -7,6 +7,15 @@ local words = require "sorel.registers.words"
 
 local arguments = {}
 
+local function word_of(key)
+    local rule = { key, required = true }
+    for name, value in pairs(words.rule) do rule[name] = value end
+    return rule
+end
+
+-- What a dump consists of.
+local ENTRY = { word_of "address", word_of "value", { "name", type = "string" } }
+
 --- Raises a message.
 function arguments.mistake(name, message)
     error(("registers.%s: %s"):format(name, message), 3)
@@ -19,8 +28,16 @@ function arguments.map(map, name)
 end
 
 function arguments.dump(dump, name, argument)
-    if type(dump) == "table" and rawget(dump, "title") then return end
-    error(("registers.%s: %s: a dump is expected"):format(name, argument), 3)
+    if type(dump) ~= "table" or not rawget(dump, "title") then
+        error(("registers.%s: %s: a dump is expected"):format(name, argument), 3)
+    end
+    -- A script may have changed it.
+    local mistakes = {}
+    for place, entry in ipairs(dump) do
+        local _, wrong = check.fields(entry, ENTRY, ("%s[%d]."):format(argument, place))
+        for _, mistake in ipairs(wrong) do mistakes[#mistakes + 1] = mistake end
+    end
+    check.raise("registers." .. name, mistakes, 3)
 end
 
 function arguments.path(path, name)

@@ -22,7 +22,7 @@ local function word(value)
 end
 
 --- The lines of a dump: address, word, name; below it the register's fields, bits and number.
--- @param dump a dump; with `map` the fields are shown
+-- @param dump a dump; of one with a map as its `source` the fields are shown
 function show.dump(dump)
     local rows = {}
     for _, entry in ipairs(dump) do

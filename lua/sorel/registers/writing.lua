@@ -93,8 +93,8 @@ local function word_for(register, taken)
     if taken.whole then return taken.whole end
     local mask = 0
     for _, one in ipairs(taken.fields) do mask = words.joined(mask, words.mask(one.field)) end
-    local stays = register.access == "w1c" or mask == words.MOST
-    local word = stays and 0 or words.read_again(register.address)
+    local nothing_stays = register.access == "w1c" or mask == words.MOST
+    local word = nothing_stays and 0 or words.read_again(register.address)
     for _, one in ipairs(taken.fields) do word = words.insert(word, one.field, one.number) end
     return word
 end

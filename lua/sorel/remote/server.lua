@@ -224,6 +224,9 @@ end
 -- looked after in here: it has to be called often, once a second or more. An error switches the
 -- transmitter off.
 function Server:step(seconds)
+    if type(seconds) ~= "number" or seconds ~= seconds then
+        error("server:step: seconds: a number is expected", 2)
+    end
     transmitter.guarded(step, self, seconds)
 end
 
@@ -232,10 +235,15 @@ function Server:is_over()
     return self.greetings > 0 and self:connections() == 0 and not self.again
 end
 
---- Closes all connections, as if the other sides had, and listens no more.
-function Server:close()
+local function close(self)
     self.listener:close()
     while self.members[1] do self:drop(self.members[1]) end
+end
+
+--- Closes all connections, as if the other sides had, and listens no more. An error, of the log's
+-- for instance, switches the transmitter off.
+function Server:close()
+    transmitter.guarded(close, self)
 end
 
 return server

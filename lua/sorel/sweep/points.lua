@@ -36,9 +36,11 @@ end
 local function list_points(given, quantity, where, mistakes)
     local values = {}
     local rule = value_rule(nil, quantity)
-    for place, value in ipairs(given) do
+    local count, misplaced = check.list(given, where)
+    for _, mistake in ipairs(misplaced) do mistakes[#mistakes + 1] = mistake end
+    for place = 1, count do
         local message
-        values[place], message = check.value(value, rule)
+        values[place], message = check.value(given[place], rule)
         if message then mistakes[#mistakes + 1] = ("%s[%d]: %s"):format(where, place, message) end
     end
     return { count = #values, at = function(place) return values[place] end }
@@ -77,23 +79,16 @@ end
 -- @return { count = , at = function(place) }; or nil where something is wrong
 function points.of(given, quantity, where, mistakes)
     local before = #mistakes
-    local rules = {}
-    if #given == 0 then
-        rules = { value_rule("from", quantity, true), value_rule("to", quantity, true),
-            { "step", type = "number", required = true,
-                check = function(value) return on_grid(value, quantity) end } }
-    end
-    local named = {}
-    for key, value in pairs(given) do
-        local listed = type(key) == "number" and key >= 1 and key <= #given and key % 1 == 0
-        if not listed then named[key] = value end
-    end
-    local range, wrong = check.fields(named, rules, where .. ".")
-    for _, mistake in ipairs(wrong) do mistakes[#mistakes + 1] = mistake end
     if #given > 0 then
         local list = list_points(given, quantity, where, mistakes)
         return #mistakes == before and list or nil
     end
+    local range, wrong = check.fields(given, {
+        value_rule("from", quantity, true), value_rule("to", quantity, true),
+        { "step", type = "number", required = true,
+            check = function(value) return on_grid(value, quantity) end },
+    }, where .. ".")
+    for _, mistake in ipairs(wrong) do mistakes[#mistakes + 1] = mistake end
     return #mistakes == before and range_points(range, quantity, where, mistakes) or nil
 end
 

@@ -147,6 +147,19 @@ function TestRead.test_a_reading_that_always_fails_is_not_a_number()
     check.assertNaN(raw)
 end
 
+function TestRead.test_a_gap_in_a_list_is_told()
+    check.assertStrContains(kit.raised(measure.statistics, { 1, nil, 3 }),
+        "measure.statistics: values[2]: is missing, though there are later ones")
+end
+
+function TestRead.test_one_column_can_be_named_without_a_list_and_a_path_is_a_text()
+    kit.fresh_radio()
+    local rows = measure.observe("temperature")
+    check.assertEquals(kit.printed(measure.print, rows, "reading"), { "reading", "temperature" })
+    check.assertStrContains(kit.raised(measure.write, rows, true),
+        "measure.write: file: a path is expected, got a boolean")
+end
+
 function TestRead.test_what_a_script_replaces_is_what_is_called()
     local function replaced() return 40 end
     check.assertEquals(kit.with(_G, "radioGetTemperature", replaced, measure.read, "temperature"), 40)

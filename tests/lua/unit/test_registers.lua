@@ -42,6 +42,30 @@ local function write(what, value)
     board:write(what, value)
 end
 
+TestLists = {}
+
+function TestLists.test_a_gap_in_a_list_of_names_is_told()
+    check.assertStrContains(message_of(board.dump, board, { "ID", nil, "TX_1" }),
+        "registers.dump: names[2]: is missing, though there are later ones")
+    check.assertStrContains(message_of(board.dump, board, { n = "ID" }), "names.n: a list has no such key")
+end
+
+function TestLists.test_a_dump_that_a_script_has_spoilt_reaches_neither_board_nor_file()
+    radioOpen()
+    for value, message in pairs {
+        [-1] = "-1 is below 0", [2 ^ 33] = "8589934592 is above 4294967295",
+        x = "a number is expected, got a text", [1.5] = "1.5 is not a whole number",
+    } do
+        local dump = board:dump "SCRATCH"
+        dump[1].value = value
+        for _, action in ipairs { function() board:restore(dump) end, function() dump:save("-") end } do
+            local raised
+            check.assertEquals(calls(function() raised = kit.raised(action) end), {})
+            check.assertStrContains(raised, ("dump[1].value: %s"):format(message))
+        end
+    end
+end
+
 TestWords = {}
 
 function TestWords.setUp()

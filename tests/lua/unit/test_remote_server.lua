@@ -62,9 +62,17 @@ function TestServer.test_a_server_that_is_closed_switches_off_what_a_client_has_
 end
 
 function TestServer.test_a_step_waits_no_longer_than_it_may()
+    local waits = {}
+    local select = socket.select
+    local function noted(reading, writing, seconds)
+        waits[#waits + 1] = seconds
+        return select(reading, writing, 0)
+    end
     local server = remote.listen()
-    server:step(0)
-    server:step(0.01)
+    for _, seconds in ipairs { 0, 0.01, 7 } do
+        kit.with(socket, "select", noted, server.step, server, seconds)
+    end
+    check.assertEquals(waits, { 0, 0.01, 7 })
     server:close()
     check.assertEquals(server:connections(), 0)
 end
@@ -92,6 +100,28 @@ function TestToken.test_only_the_same_text_is_the_same()
     end
 end
 
+function TestServer.test_an_error_of_the_log_at_the_end_leaves_the_transmitter_off()
+    kit.fresh_radio()
+    local full = false
+    local server, client, ask = admitted { log = function()
+        if full then error("disk full", 0) end
+    end }
+    check.assertEquals(ask "call radioSetTxState 1", "ok")
+    full = true
+    local calls = kit.calls(function()
+        check.assertEquals(kit.raised(server.close, server), "disk full")
+    end)
+    check.assertEquals(calls, OFF)
+    client:close()
+end
+
+function TestServer.test_a_step_takes_a_number()
+    local server = remote.listen()
+    check.assertStrMatches(kit.raised(function() server:step() end),
+        ".*test_remote_server.lua:%d+: server:step: seconds: a number is expected")
+    server:close()
+end
+
 TestClock = {}
 
 function TestClock.test_it_goes_on_and_not_back()
@@ -103,6 +133,8 @@ function TestClock.test_it_goes_on_and_not_back()
 end
 
 function TestClock.test_the_time_of_day_does_not_count()
+    local up = tonumber(kit.content("/proc/uptime"):match("%S+"))
+    check.assertAlmostEquals(clock.now(), up, 60)
     local before = clock.now()
     local now = kit.with(socket, "gettime", function() return 0 end, clock.now)
     check.assertTrue(now >= before and now < before + 3600)

@@ -29,10 +29,11 @@ function TestValues.test_nil_and_booleans_travel()
 end
 
 function TestValues.test_numbers_travel_exactly()
-    local numbers = { 0, -0, 1, -1, 2655000000, 2 ^ 53, 0.1, -92.34375,
+    local numbers = { 0, 1, -1, 2655000000, 2 ^ 53, 0.1, -92.34375,
         1e300, 5e-324, 2 ^ 1023 * 1.999, 1 / 0, -1 / 0, 0 / 0, -(0 / 0) }
     for _, number in ipairs(numbers) do assert_travels(number) end
-    check.assertEquals(1 / travelled(-0.0), 1 / -0.0)
+    -- Written as -0.0 it would be the 0 above, which it equals.
+    check.assertEquals(1 / travelled(-1 / math.huge), -math.huge)
     math.randomseed(20260715)
     for _ = 1, 2000 do
         assert_travels((math.random() - 0.5) * 2 ^ math.random(-1000, 1000))

@@ -32,6 +32,22 @@ local function constant(value)
     return { name = "own", unit = "dBm", read = function() return value end }
 end
 
+TestLists = {}
+
+function TestLists.test_a_gap_in_a_list_is_told()
+    check.assertEquals(mistakes_of { rx_gain_db = { 10, 20, nil, 40 }, readings = "rtwp" },
+        "rx_gain_db[3]: is missing, though there are later ones")
+    check.assertEquals(mistakes_of { rx_gain_db = { 10 }, readings = { "rtwp", nil, "gain" } },
+        "readings[2]: is missing, though there are later ones")
+end
+
+function TestLists.test_an_error_that_is_no_text_is_told_as_what_it_is()
+    kit.fresh_radio()
+    check.assertStrContains(kit.raised(sweep.run, { readings = "rtwp", custom = { 1, name = "own",
+        set = function() error { code = 3 } end } }),
+        "sweep.run stopped at point 1 of 1, own 1: an error that is a table; transmitters off")
+end
+
 TestPoints = {}
 
 function TestPoints.test_no_error_adds_up_and_the_end_is_there()
@@ -339,7 +355,7 @@ function TestMistakes.test_what_the_driver_s_argument_cannot_hold_is_refused()
         { "rx_gain_db", { "20" }, "rx_gain_db[1]: a number is expected, got a text" },
         { "rx_gain_db", {}, "3 mistakes:\n  rx_gain_db.from: is missing\n"
             .. "  rx_gain_db.to: is missing\n  rx_gain_db.step: is missing" },
-        { "rx_gain_db", { 1, 2, step = 1 }, "rx_gain_db.step: there is no such key" },
+        { "rx_gain_db", { 1, 2, step = 1 }, "rx_gain_db.step: a list has no such key" },
     }
     for _, case in ipairs(cases) do
         check.assertEquals(mistakes_of { [case[1]] = case[2], readings = "rtwp" }, case[3])

@@ -9,6 +9,7 @@ import shlex
 import shutil
 import signal
 import subprocess
+import time
 
 import pexpect
 import pytest
@@ -222,11 +223,13 @@ def test_without_a_shell_nothing_is_run(system):
     assert system.recorded.log == []
 
 
-def test_a_time_that_is_no_number_is_refused_before_anything_is_run(system):
-    system.set(SORELAPP_GUARD_SECONDS="1 min")
+@pytest.mark.parametrize("seconds", ["1 min", "0", "-1", "1.5"])
+def test_a_time_that_is_no_number_is_refused_before_anything_is_run(seconds, system):
+    system.set(SORELAPP_GUARD_SECONDS=seconds)
     ran = system.run("-c", "")
     assert ran.returncode == 64
-    assert ran.stderr == "sorelapp-guard: SORELAPP_GUARD_SECONDS is no whole number: 1 min\n"
+    assert ran.stderr == (
+        f"sorelapp-guard: SORELAPP_GUARD_SECONDS is no whole number from 1 on: {seconds}\n")
     assert system.recorded.log == []
 
 
@@ -347,16 +350,41 @@ def test_when_the_connection_is_lost_the_transmitter_is_switched_off(system):
     terminal.wait()
 
 
-def test_nothing_ends_the_guard_while_it_switches_off(system):
+def wait_for(file):
+    end = time.monotonic() + SECONDS
+    while not file.exists():
+        assert time.monotonic() < end, file
+        time.sleep(0.02)
+
+
+def slow_to_switch_off(system):
+    """Lets switching off wait; a file that is there when it has begun, and one that ends it."""
     started = system.folder / "started"
     go_on = system.folder / "go on"
     system.set(SORELAPP_GUARD_OFF=(
         f"io.open('{started}', 'w'):close() repeat until io.open('{go_on}') radioReset()"))
+    return started, go_on
+
+
+def test_ctrl_z_does_not_stop_the_guard_while_it_switches_off(system):
+    started, go_on = slow_to_switch_off(system)
+    terminal = bash(system.folder, system.recorded.variables)
+    terminal.sendline(shlex.join(system.command))
+    terminal.expect_exact(PROMPT)
+    terminal.sendcontrol("c")
+    wait_for(started)
+    terminal.sendcontrol("z")
+    time.sleep(0.5)  # a stop shows by then; on a slower machine there is only less to see
+    go_on.touch()
+    assert terminal.expect_exact([OFF, "Stopped"]) == 0
+
+
+def test_nothing_ends_the_guard_while_it_switches_off(system):
+    started, go_on = slow_to_switch_off(system)
     terminal = system.prompt()
     terminal.sendcontrol("c")
-    while not started.exists():
-        pass
-    for key in "c\\cz":
+    wait_for(started)
+    for key in "c\\c":
         terminal.sendcontrol(key)
     for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
         terminal.kill(number)

@@ -4,8 +4,8 @@
 
 ---A board brought up from one table. The radio is reset, or opened if none is open, and then set in
 ---the order of the keys; what the table does not name is as radioInit() leaves it. The transmitter
----is off until the last step, and after any failure. Write constants as texts: a misspelt text is a
----mistake, a misspelt global is nil, as if the key were not there.
+---is off until the last step, and after any failure of a step. Write constants as texts: a misspelt
+---text is a mistake, a misspelt global is nil, as if the key were not there.
 local bringup = {}
 
 ---@class sorel.bringup.run.given
@@ -76,7 +76,7 @@ function bringup.steps(given) end
 ---@field oscillator_dac number DAC that tunes the reference oscillator
 ---@field oscillator_dac_width number bit; its width
 ---@field debug_level RadioDebug|string how much the driver says
----@field receivers table list of { rtwp_dbm = N, gain_db = N }, one for each antenna
+---@field receivers table list of { rtwp_dbm = N, gain_db = N }, always two: of an antenna that is not there both are nil
 
 ---Reads what can be read of the radio. What fails is nil.
 ---

@@ -21,7 +21,8 @@ local params = {}
 ---Reads parameters from the environment. A variable that is empty counts as missing. What is wrong
 ---is told at once, with a usage text. In a script (-b) or command (-c) that does not catch errors
 ---it goes to standard error, and the process ends: transmitter off, radio closed, status 64.
----Elsewhere, at the prompt above all, it is raised as an error.
+---Elsewhere, at the prompt above all, it is raised as an error; so it is, with the transmitter off,
+---where return params.read { ... } or the like ends a script.
 ---
 ---Errors:
 ---* what is wrong with the variables, and the usage text

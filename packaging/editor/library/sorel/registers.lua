@@ -190,8 +190,8 @@ function registers.save(dump, path) end
 function registers.load(path, map) end
 
 ---Writes those registers of a dump that are "rw" in the map, in its order, and reads them back: the
----fields that can be written, the whole word where there are no fields. After any failure the
----transmitters are off.
+---fields that can be written, the whole word where there are no fields. After a failure at the
+---board the transmitters are off.
 ---
 ---Errors:
 ---* registers that the map lacks, before any is written

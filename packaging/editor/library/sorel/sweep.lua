@@ -41,7 +41,7 @@ local sweep = {}
 ---the progress.
 ---
 ---Errors:
----* every mistake in the options, before the board is touched; more than 1000000 points are one
+---* every mistake in the options, more than 1000000 points among them, and a file that cannot be begun, before the board is touched
 ---* what the driver, the file or a script's function raised, with the point; the transmitters are then off, or it says that they may be on, the file is closed and has the rows until then, which sweep.last returns
 ---
 ---```lua
