@@ -7,7 +7,7 @@ test_packages=(bash-completion binutils busybox gnuplot-nox libgtest-dev libxml2
     lua-check lua-socket lua-unit lua5.1 man-db mandoc python3-pexpect python3-pytest rlwrap)
 lint_packages=(clang clang-format clang-tidy git libbenchmark-dev lua-check shellcheck)
 picture_packages=(gnuplot-nox)
-bench_packages=(libbenchmark-dev)
+bench_packages=(gnuplot-nox hyperfine libbenchmark-dev lua5.1 python3 valgrind)
 package_packages=(binutils debootstrap dpkg-dev git lintian python3-pexpect python3-pytest)
 package_architectures=(amd64 armhf)
 size_packages=(binutils lua5.1 lua-bitop lua-socket python3)
@@ -15,7 +15,7 @@ size_packages=(binutils lua5.1 lua-bitop lua-socket python3)
 # The presets for another machine than this one, with Debian's name of its architecture; and the
 # compilers for those.
 declare -A architectures=([arm]=armhf [release-arm]=armhf [board-arm]=armhf
-    [package-armhf]=armhf [arm64]=arm64 [s390x]=s390x)
+    [bench-arm]=armhf [package-armhf]=armhf [arm64]=arm64 [s390x]=s390x)
 declare -A cross_compilers=([armhf]=g++-arm-linux-gnueabihf [arm64]=g++-aarch64-linux-gnu
     [s390x]=g++-s390x-linux-gnu)
 
