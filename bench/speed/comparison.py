@@ -15,6 +15,7 @@ class Comparison:
     others: float
     beside: str  # what others is the figure of: "by hand", "lua5.1"
     goal: float | None = None  # what ours / others is to be at most; None: it is only shown
+    size: int | None = None  # of what is measured at several sizes: elements, lines
 
     @property
     def ratio(self):
