@@ -14,7 +14,9 @@ def test_a_word_that_ends_the_loop(word):
 
 
 @pytest.mark.parametrize(
-    "line", [" exit", "exit ", "EXIT", "Quit", "exit;", " exit()", "exit ()", "QUIT()", "exit(1)"]
+    "line",
+    [" exit", "exit ", "EXIT", "Quit", "exit;", " exit()", "exit ()", "QUIT()", "exit(1)",
+     "e", "q", "exi", "qui", "exits", "quits", "exit(", "quit()()"],
 )
 def test_a_line_that_resembles_an_exit_word_is_run_as_lua_and_fails(line):
     ran = pipe(line, "print('still here')")
@@ -41,7 +43,7 @@ def test_help_calls_the_function_of_that_name():
     assert ran.err == ""
 
 
-@pytest.mark.parametrize("line", [" help", "help ", "HELP"])
+@pytest.mark.parametrize("line", [" help", "help ", "HELP", "h", "hel", "helps"])
 def test_a_line_that_resembles_help_is_run_as_lua_and_fails(line):
     ran = pipe("function help() print('help') end", line)
     assert ran.err.startswith('failed to process stdin: "[string "stdin"]:')
