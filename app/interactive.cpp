@@ -15,10 +15,16 @@ constexpr int lineSize = 200;
 
 const char *const exitWords[] = {"exit\n", "quit\n", "exit()\n", "quit()\n"};
 
+// Most lines differ from a word in the first byte: then nothing is called.
+bool equal(const char *line, const char *word)
+{
+    return line[0] == word[0] && std::strcmp(line, word) == 0;
+}
+
 bool isExitWord(const char *line)
 {
     for (const char *const word : exitWords) {
-        if (std::strcmp(line, word) == 0) {
+        if (equal(line, word)) {
             return true;
         }
     }
@@ -35,9 +41,9 @@ void runText(lua_State *L, const char *text)
 
 void runLine(lua_State *L, const char *line)
 {
-    if (std::strcmp(line, "help\n") == 0) {
+    if (equal(line, "help\n")) {
         runText(L, "help()");
-    } else if (std::strcmp(line, "\n") != 0) {
+    } else if (!equal(line, "\n")) {
         runText(L, line);
     }
 }
@@ -51,7 +57,7 @@ char *cmdGetLine()
         std::puts("error: no memory to allocate cmd input buffer...");
         return nullptr;
     }
-    std::printf("sorelapp> ");
+    std::fputs("sorelapp> ", stdout);
     int count = 0;
     for (;;) {
         // The end of the input reads as the byte 0xff, again and again, until the buffer is full.

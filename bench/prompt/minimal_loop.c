@@ -1,7 +1,7 @@
 /* SPDX-License-Identifier: LicenseRef-Proprietary */
 /* The least that runs the lines of standard input as Lua, each a chunk of its own: no prompt, no
- * word that is recognised, no bound that is checked. It ends at the end of the input. What the shell
- * takes for the same lines beyond this is the price of its prompt. */
+ * word that is recognised, no bound that is checked. It ends at the end of the input. What the
+ * shell takes for the same lines beyond this is the price of its prompt. */
 #include <lauxlib.h>
 #include <lua.h>
 #include <lualib.h>
