@@ -4,7 +4,8 @@
 build_packages=(cmake g++ ninja-build pkg-config
     liblua5.1-0-dev lua-bitop-dev lua-socket-dev libtomlplusplus-dev)
 test_packages=(bash-completion binutils busybox gnuplot-nox libgtest-dev libxml2-utils
-    lua-check lua-socket lua-unit lua5.1 man-db mandoc python3-pexpect python3-pytest rlwrap)
+    lua-check lua-socket lua-unit lua5.1 man-db mandoc python3-pexpect python3-pytest rlwrap
+    valgrind)
 lint_packages=(clang clang-format clang-tidy git libbenchmark-dev lua-check shellcheck)
 picture_packages=(gnuplot-nox)
 bench_packages=(gnuplot-nox hyperfine libbenchmark-dev lua5.1 python3 valgrind)
