@@ -68,6 +68,11 @@ def test_a_line_may_read_the_lines_after_it():
     assert ran.out == PROMPT + "taken\n" + PROMPT + "new\n" + PROMPT + "rest\n" + PROMPT
 
 
+def test_a_line_may_read_what_is_behind_the_zero_byte_that_ended_it():
+    ran = pipe("print(io.read())\0taken", "print('rest')")
+    assert ran.out == PROMPT + "taken\n" + PROMPT + "rest\n" + PROMPT
+
+
 def test_a_line_may_read_all_that_follows():
     ran = run(stdin="io.write(io.read('*a')) os.exit(0)\nfirst\nexit\nno newline")
     assert (ran.out, ran.status) == (PROMPT + "first\nexit\nno newline", 0)
