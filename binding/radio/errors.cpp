@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "binding/radio/errors.h"
 
+#include "app/context.h"
 #include "binding/runtime/pointer_objects.h"
 
 namespace
@@ -18,6 +19,11 @@ void raiseMessage(lua_State *L, const char *message)
 {
     lua_pushstring(L, message);
     raise(L);
+}
+
+void raiseNoContext(lua_State *L)
+{
+    raiseMessage(L, noRadioContext);
 }
 
 void raiseArgumentCount(lua_State *L, const char *name, int count, int given)

@@ -10,6 +10,9 @@ inline constexpr char negativeNumber[] = "number must not be negative";
 // Raises a fixed message.
 [[noreturn, gnu::cold]] void raiseMessage(lua_State *L, const char *message);
 
+// Raises the error of a function that needs a context while none is open.
+[[noreturn, gnu::cold]] void raiseNoContext(lua_State *L);
+
 // Raises "Error in NAME expected COUNT..COUNT args, got GIVEN".
 [[noreturn, gnu::cold]] void raiseArgumentCount(lua_State *L, const char *name, int count,
                                                 int given);
@@ -23,7 +26,7 @@ inline constexpr char negativeNumber[] = "number must not be negative";
 inline void checkArgumentCount(lua_State *L, const char *name, int count)
 {
     const int given = lua_gettop(L);
-    if (given != count) {
+    if (given != count) [[unlikely]] {
         raiseArgumentCount(L, name, count, given);
     }
 }

@@ -9,17 +9,28 @@
 namespace
 {
 
+// Raises what is wrong with the arguments of a calibration getter.
+template <FixedString name>
+[[noreturn, gnu::cold, gnu::noinline]] void raiseWrongArguments(lua_State *L, const char *outName)
+{
+    checkArgumentCount(L, name.text, 2);
+    if (!TextArgument::accepts(L, 1)) {
+        raiseArgumentType(L, name.text, 1, TextArgument::typeName, 1);
+    }
+    raiseArgumentType(L, name.text, 2, outName, 2);
+}
+
 // A calibration getter. outName is the out-parameter's type as the first message quotes it.
 template <FixedString name, auto *function, class Value>
 int getFromCalibration(lua_State *L, const char *outName, TypePosition outType)
 {
     RadioContext *const context = appContext;
-    checkArgumentCount(L, name.text, 2);
-    if (!TextArgument::accepts(L, 1)) {
-        raiseArgumentType(L, name.text, 1, TextArgument::typeName, 1);
+    const char *key = nullptr;
+    // The text comes last: taking it can have effects, and may only when nothing is wrong.
+    if (lua_gettop(L) != 2 || !isUserdataOrNil(L, 2) || !TextArgument::convertQuickly(L, 1, key))
+        [[unlikely]] {
+        raiseWrongArguments<name>(L, outName);
     }
-    checkUserdataOrNil(L, name.text, 2, outName);
-    const char *const key = TextArgument::convert(L, 1);
     // Counts the driver function's parameters, of which the context is the first.
     void *const out = toNativePointer(L, name.text, 2, 3, outType);
     checkStatus<name>(L, function(checkContext(L, context), key, static_cast<Value *>(out)));

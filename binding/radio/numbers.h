@@ -6,13 +6,17 @@
 #include <cstdint>
 #include <lua.hpp>
 
+// The least numbers above that an integer type cannot hold.
+inline constexpr lua_Number endOfSigned32 = 2147483648.0;
+inline constexpr lua_Number endOfUnsigned32 = 4294967296.0;
+
 // Truncates toward zero; saturates at both ends; not-a-number gives 0.
 constexpr std::int32_t toSigned32(lua_Number value)
 {
-    if (value >= 2147483648.0) {
+    if (value >= endOfSigned32) {
         return INT32_MAX;
     }
-    if (value < -2147483648.0) {
+    if (value < -endOfSigned32) {
         return INT32_MIN;
     }
     return value == value ? static_cast<std::int32_t>(value) : 0;
@@ -21,7 +25,7 @@ constexpr std::int32_t toSigned32(lua_Number value)
 // Truncates toward zero; saturates at 4294967295. value must not be negative or not-a-number.
 constexpr std::uint32_t toUnsigned32(lua_Number value)
 {
-    return value >= 4294967296.0 ? UINT32_MAX : static_cast<std::uint32_t>(value);
+    return value >= endOfUnsigned32 ? UINT32_MAX : static_cast<std::uint32_t>(value);
 }
 
 // Parses a text as the target's strtoul does in base 10, where unsigned long has 32 bits: blanks

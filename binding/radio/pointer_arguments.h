@@ -6,10 +6,17 @@
 #include "binding/radio/types.h"
 #include "binding/runtime/pointer_objects.h"
 
+// The type test of native pointers.
+inline bool isUserdataOrNil(lua_State *L, int index)
+{
+    const int type = lua_type(L, index);
+    return type == LUA_TNIL || type == LUA_TUSERDATA || type == LUA_TLIGHTUSERDATA;
+}
+
 // Raises the type error, which quotes expected, unless the value at index is a userdata or nil.
 inline void checkUserdataOrNil(lua_State *L, const char *name, int index, const char *expected)
 {
-    if (!lua_isuserdata(L, index) && !lua_isnil(L, index)) {
+    if (!isUserdataOrNil(L, index)) [[unlikely]] {
         raiseArgumentType(L, name, index, expected, index);
     }
 }
@@ -23,7 +30,7 @@ inline void *toNativePointer(lua_State *L, const char *name, int index, int posi
 {
     void *pointer = nullptr;
     TypeRecord *const expected = radioTypes[type];
-    if (SWIG_Lua_ConvertPtr(L, index, &pointer, expected) != 0) {
+    if (SWIG_Lua_ConvertPtr(L, index, &pointer, expected) != 0) [[unlikely]] {
         const char *const display = expected->str != nullptr ? expected->str : "void*";
         raiseArgumentType(L, name, position, display, position);
     }

@@ -7,6 +7,10 @@
 // unsigned ones; check the context; call the driver; check its status or push its result. Anything
 // that a conversion sets off in Lua (a finaliser that closes the radio, say) leaves the context of
 // this call as it was read.
+//
+// Nearly all calls go a shorter way to the same end: what the kinds convert quickly needs no test
+// before (arguments.h). Where one of the arguments is not converted quickly, nothing has happened
+// yet that a script could observe, and all is done over in that order.
 #pragma once
 
 #include "app/context.h"
@@ -40,20 +44,27 @@ struct DriverSignature<ResultType (*)(ParameterTypes...)> {
     using Parameters = std::tuple<ParameterTypes...>;
 };
 
-// Raises "NAME() did not return success" unless the status is success.
+// Raises "NAME() did not return success". Out of line, as then only failures need the message's
+// place.
+template <FixedString name>
+[[noreturn, gnu::cold, gnu::noinline]] void raiseFailure(lua_State *L)
+{
+    static constexpr auto message = name + FixedString("() did not return success");
+    raiseMessage(L, message.text);
+}
+
 template <FixedString name>
 void checkStatus(lua_State *L, RadioReturn status)
 {
-    static constexpr auto message = name + FixedString("() did not return success");
     if (status != RADIO_ESUCCESS) [[unlikely]] {
-        raiseMessage(L, message.text);
+        raiseFailure<name>(L);
     }
 }
 
 inline RadioContext *checkContext(lua_State *L, RadioContext *context)
 {
     if (context == nullptr) [[unlikely]] {
-        raiseMessage(L, noRadioContext);
+        raiseNoContext(L);
     }
     return context;
 }
@@ -101,20 +112,27 @@ class Wrapper
     template <std::size_t i>
     using Kind = decltype(kindOf<i>());
 
-    template <std::size_t i>
-    static void checkType(lua_State *L)
-    {
-        constexpr int position = static_cast<int>(i) + 1;
-        if (!Kind<i>::accepts(L, position)) [[unlikely]] {
-            raiseArgumentType(L, name.text, position, Kind<i>::typeName, position);
-        }
-    }
+    template <std::size_t... i>
+    static auto valuesOf(std::index_sequence<i...>) -> std::tuple<typename Kind<i>::Value...>;
 
-    template <std::size_t i>
-    static Parameter<i> convert(lua_State *L)
+    using Values = decltype(valuesOf(std::make_index_sequence<count>{}));
+
+    static constexpr auto positions = std::make_index_sequence<count>{};
+
+    // Whether the conversion of an argument can run Lua code, which can close the radio.
+    static constexpr bool runsLua = []<std::size_t... i>(std::index_sequence<i...>)
     {
-        return static_cast<Parameter<i>>(Kind<i>::convert(L, static_cast<int>(i) + 1));
+        return (Kind<i>::runsLua || ...);
     }
+    (positions);
+
+    // The order of the checks and conversions can be observed where one of them has effects, so the
+    // quick way is only gone where no argument stands behind one whose conversion has any.
+    static constexpr bool hasQuickWay = []<std::size_t... i>(std::index_sequence<i...>)
+    {
+        return ((!Kind<i>::runsLua || i + 1 == count) && ...);
+    }
+    (positions);
 
     template <class... Arguments>
     static int callDriver(lua_State *L, Arguments... arguments)
@@ -128,24 +146,66 @@ class Wrapper
     }
 
     template <std::size_t... i>
-    static int callWith(lua_State *L, RadioContext *context, std::index_sequence<i...>)
+    static int callDriverWith(lua_State *L, [[maybe_unused]] RadioContext *context,
+                              [[maybe_unused]] const Values &values, std::index_sequence<i...>)
     {
-        static_assert(std::is_trivially_destructible_v<Parameters>);
-        (checkType<i>(L), ...);
-        const Parameters arguments{convert<i>(L)...}; // braces: from the first to the last
         if constexpr (Signature::takesContext) {
-            return callDriver(L, checkContext(L, context), std::get<i>(arguments)...);
+            return callDriver(L, checkContext(L, context),
+                              static_cast<Parameter<i>>(std::get<i>(values))...);
         } else {
-            return callDriver(L, std::get<i>(arguments)...);
+            return callDriver(L, static_cast<Parameter<i>>(std::get<i>(values))...);
         }
+    }
+
+    template <std::size_t i>
+    static void checkType(lua_State *L)
+    {
+        constexpr int position = static_cast<int>(i) + 1;
+        if (!Kind<i>::accepts(L, position)) {
+            raiseArgumentType(L, name.text, position, Kind<i>::typeName, position);
+        }
+    }
+
+    template <std::size_t... i>
+    static Values checkAndConvert([[maybe_unused]] lua_State *L, std::index_sequence<i...>)
+    {
+        (checkType<i>(L), ...);
+        return {Kind<i>::convert(L, static_cast<int>(i) + 1)...}; // braces: from first to last
+    }
+
+    // The whole frame, step by step. Nothing before it has run Lua code, so that the context is
+    // still that at the call's entry.
+    [[gnu::cold, gnu::noinline]] static int callStepByStep(lua_State *L)
+    {
+        RadioContext *const context = appContext;
+        checkArgumentCount(L, name.text, static_cast<int>(count));
+        const Values values = checkAndConvert(L, positions);
+        return callDriverWith(L, context, values, positions);
+    }
+
+    template <std::size_t... i>
+    static bool convertQuickly([[maybe_unused]] lua_State *L, [[maybe_unused]] Values &values,
+                               std::index_sequence<i...>)
+    {
+        return (Kind<i>::convertQuickly(L, static_cast<int>(i) + 1, std::get<i>(values)) && ...);
     }
 
 public:
     static int call(lua_State *L)
     {
-        RadioContext *const context = appContext;
-        checkArgumentCount(L, name.text, static_cast<int>(count));
-        return callWith(L, context, std::make_index_sequence<count>{});
+        static_assert(std::is_trivially_destructible_v<Values>);
+        if constexpr (!hasQuickWay) {
+            return callStepByStep(L);
+        }
+        // Where no Lua code runs meanwhile, the context is the same at the end, and reading it only
+        // there leaves a register free.
+        RadioContext *const contextAtEntry = runsLua ? appContext : nullptr;
+        Values values;
+        if (lua_gettop(L) != static_cast<int>(count) || !convertQuickly(L, values, positions))
+            [[unlikely]] {
+            return callStepByStep(L);
+        }
+        return callDriverWith(L, runsLua ? contextAtEntry : appContext, values, positions);
     }
 };
 

@@ -84,6 +84,10 @@ TEST_F(HeaderVariant, keepsTheOrderOfChecks)
     appContext = nullptr;
     EXPECT_EQ(raised("radio.radioSpiWrite(-1, 0)"), "number must not be negative");
     EXPECT_EQ(raised("radio.radioSpiWrite(1, {})"), "No radio context, call radioOpen() first");
+    EXPECT_EQ(raised("radio.radioSetTxMaxPowerOfAntenna(-1, {})"),
+              "Error in radioSetTxMaxPowerOfAntenna (arg 2), expected 'int16_t' got 'table'");
+    EXPECT_EQ(raised("radio.radioSetTxMaxPowerOfAntenna(1, 200)"),
+              "No radio context, call radioOpen() first");
     EXPECT_EQ(raised("radio.radioSetDebugLevel()"),
               "Error in radioSetDebugLevel expected 1..1 args, got 0");
 }
