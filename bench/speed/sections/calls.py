@@ -1,0 +1,90 @@
+# SPDX-License-Identifier: LicenseRef-Proprietary
+"""What a call of each function costs, Lua's own part of it included, beside that of one written by
+hand in plain C (bench/yardstick), on a driver that does nothing."""
+
+import json
+import subprocess
+from pathlib import Path
+from statistics import median
+
+import instructions
+from comparison import Comparison
+from measured_calls import ORDINARY, WITH_ZEROS
+
+NUMBERS_GOAL = 0.89  # where all arguments are checked numbers, and there are some
+OTHER_GOAL = 1.00
+
+# What those by hand took when they were first written, on x86-64 with Debian's Lua and GCC: by this
+# can be told that nobody has made them slower.
+FIRST_BY_HAND = {
+    "radioSetTxFrequency(2140000000)": 285,
+    "radioSetTxDcOffset(1, 5, -5)": 476,
+    "radioGetTemperature()": 212,
+}
+
+# Rounds of a loop. Each is measured with both, so that entering and leaving it does not count.
+SHORT, LONG = 1, 11
+
+
+def environment(tree):
+    return {"LD_LIBRARY_PATH": str(Path(tree["trivial_driver"]).parent)}
+
+
+def per_round(tree, loops):
+    """The instructions of a round of each loop, which are (table, function, text); see
+    bench/calls/call_counts.cpp."""
+    counts = instructions.between(
+        "measurementMark", [tree["call_counts"], str(SHORT), str(LONG)], tree["emulator"],
+        input="".join(" ".join(words) + "\n" for words in loops), **environment(tree),
+    )
+    runs = counts[::2]  # the others are between runs
+    assert len(runs) == 2 * len(loops), f"{len(runs)} runs of {len(loops)} loops"
+    return [(long - short) / (LONG - SHORT) for short, long in zip(runs[::2], runs[1::2])]
+
+
+def goal_of(call):
+    return NUMBERS_GOAL if call.only_numbers and call in ORDINARY else OTHER_GOAL
+
+
+def instructions_measured(tree):
+    calls = [*ORDINARY, *WITH_ZEROS]
+    shown = [call for call in ORDINARY if call.text in FIRST_BY_HAND]
+    loop, *counts = per_round(tree, [
+        ("empty", "call", ""),
+        *(("empty", "call", call.statement) for call in shown),
+        *((table, call.function, call.statement)
+          for call in calls for table in ("radio", "yardstick")),
+    ])
+    nothing = [count - loop for count in counts[:len(shown)]]
+    ours = [count - loop for count in counts[len(shown)::2]]
+    by_hand = [count - loop for count in counts[len(shown) + 1::2]]
+    for call, our, others in zip(calls, ours, by_hand):
+        yield Comparison("calls", call.text, "instructions", our, others, "by hand", goal_of(call))
+    for call, others in zip(shown, nothing):
+        yield Comparison("calls", f"by hand: {call.text}", "instructions",
+                         by_hand[calls.index(call)], others, "an empty C function")
+
+
+def times_measured(tree):
+    """All in turn, over and over, so that what else the machine does meets them all."""
+    output = subprocess.run(
+        [tree["call_times"], "--benchmark_format=json", "--benchmark_repetitions=15",
+         "--benchmark_min_time=0.02", "--benchmark_enable_random_interleaving=true"],
+        env=instructions.ENVIRONMENT | environment(tree), capture_output=True, text=True,
+        check=True,
+    ).stdout
+    times = {}
+    for run in json.loads(output)["benchmarks"]:
+        if run["run_type"] == "iteration":
+            times.setdefault(run["run_name"], []).append(run["cpu_time"])
+    for name in times:
+        table, _, function = name.partition("/")
+        if table == "radio":
+            ours, by_hand = (median(times[f"{make}/{function}"]) for make in (table, "yardstick"))
+            yield Comparison("calls", f"{function}, in a loop", "ns", ours, by_hand, "by hand")
+
+
+def measured(tree):
+    yield from instructions_measured(tree)
+    if tree["call_times"]:
+        yield from times_measured(tree)
