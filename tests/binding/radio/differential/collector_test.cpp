@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// A text is made of a number, the collector runs, and a finaliser closes the radio: the call goes
+// on with the context that there was when it began.
+#include "app/context.h"
+#include "tests/binding/radio/differential/differential.h"
+
+#include <cstring>
+#include <tuple>
+
+namespace
+{
+
+int textPosition;      // of a wrapper's argument that is a text
+bool finaliserSawText; // the argument was a text already when the finaliser ran, and no number
+
+// The finaliser, within a wrapper.
+int closeRadio(lua_State *L)
+{
+    appRadioClose();
+    lua_Debug wrapper;
+    finaliserSawText = lua_getstack(L, 1, &wrapper) != 0 &&
+                       lua_getlocal(L, &wrapper, textPosition) != nullptr &&
+                       lua_type(L, -1) == LUA_TSTRING;
+    return 0;
+}
+
+using Make = lua_CFunction (*)(const char *);
+
+class Collector : public Differential,
+                  public testing::WithParamInterface<std::tuple<Make, Function>>
+{
+protected:
+    Collector()
+    {
+        const char *const kinds = std::get<Function>(GetParam()).kinds;
+        textPosition = static_cast<int>(std::strcspn(kinds, "t")) + 1;
+        answers.opened = &context;
+        appRadioOpen();
+    }
+
+    // Calls the function on the stack; the first text that is made meanwhile runs a finaliser,
+    // which closes the radio.
+    int call()
+    {
+        const int arguments = lua_gettop(L) - 1;
+        lua_gc(L, LUA_GCCOLLECT, 0);
+        lua_gc(L, LUA_GCSTOP, 0);
+        lua_gc(L, LUA_GCSETSTEPMUL, 0); // a step is the whole way
+        lua_newuserdata(L, 0);
+        lua_newtable(L);
+        lua_pushcfunction(L, closeRadio);
+        lua_setfield(L, -2, "__gc");
+        lua_setmetatable(L, -2);
+        lua_pop(L, 1);
+        driverCalls = {};
+        lua_gc(L, LUA_GCRESTART, 0);
+        const int status = lua_pcall(L, arguments, 0, 0);
+        lua_gc(L, LUA_GCSTOP, 0);
+        return status;
+    }
+
+    RadioContext context;
+};
+
+TEST_P(Collector, closesTheRadioUnderACallThatGoesOn)
+{
+    const auto &[make, function] = GetParam();
+    lua_pushcfunction(L, make(function.name));
+    for (const char *kind = function.kinds; *kind != '\0'; ++kind) {
+        if (*kind == 'p') {
+            lua_pushnil(L);
+        } else {
+            lua_pushnumber(L, 12.5);
+        }
+    }
+    ASSERT_EQ(call(), 0) << popText();
+
+    EXPECT_TRUE(finaliserSawText);
+    EXPECT_EQ(appContext, nullptr);
+    EXPECT_EQ(driverCalls.count, 2);
+    EXPECT_STREQ(driverCalls.function, function.name);
+    EXPECT_EQ(driverCalls.arguments[0], reinterpret_cast<std::uintptr_t>(&context));
+    EXPECT_EQ(driverCalls.text, "12.5");
+}
+
+TEST_P(Collector, findsNoTextMadeWhereAnotherArgumentIsWrong)
+{
+    const auto &[make, function] = GetParam();
+    if (std::strlen(function.kinds) == 1) {
+        return; // there is no other
+    }
+    lua_pushcfunction(L, make(function.name));
+    for (const char *kind = function.kinds; *kind != '\0'; ++kind) {
+        if (*kind == 't') {
+            lua_pushnumber(L, 12.5);
+        } else {
+            lua_pushboolean(L, 1);
+        }
+    }
+    ASSERT_NE(call(), 0);
+
+    EXPECT_EQ(popText().find("Error in " + std::string(function.name) + " (arg "), 0U);
+    EXPECT_EQ(appContext, nullptr); // closed when the text of the error was made
+    EXPECT_FALSE(finaliserSawText);
+}
+
+constexpr Function functions[] = {
+    {"radioLoadCalibrationFile", "t"},
+    {"radioGetIntegerFromCalibration", "tp"},
+    {"radioGetStringFromCalibration", "tp"},
+    {"radioInitByScript", "nnnt"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Differential, Collector,
+                         testing::Combine(testing::Values(&inShell, &byHand),
+                                          testing::ValuesIn(functions)));
+
+} // namespace
