@@ -31,33 +31,32 @@ def environment(tree):
 
 
 def per_round(tree, loops):
-    """The instructions of a round of each loop, which are (table, function, text); see
+    """The instructions of what a round of each loop does; the loops are (table, function, text), see
     bench/calls/call_counts.cpp."""
+    loops = [("empty", "call", ""), *loops]  # of which the first tells what a loop itself takes
     counts = instructions.between(
         "measurementMark", [tree["call_counts"], str(SHORT), str(LONG)], tree["emulator"],
         input="".join(" ".join(words) + "\n" for words in loops), **environment(tree),
     )
     runs = counts[::2]  # the others are between runs
     assert len(runs) == 2 * len(loops), f"{len(runs)} runs of {len(loops)} loops"
-    return [(long - short) / (LONG - SHORT) for short, long in zip(runs[::2], runs[1::2])]
+    loop, *rounds = [long - short for short, long in zip(runs[::2], runs[1::2])]
+    return [(count - loop) / (LONG - SHORT) for count in rounds]
 
 
 def goal_of(call):
     return NUMBERS_GOAL if call.only_numbers and call in ORDINARY else OTHER_GOAL
 
 
-def instructions_measured(tree):
-    calls = [*ORDINARY, *WITH_ZEROS]
+def instructions_measured(tree, calls=(*ORDINARY, *WITH_ZEROS)):
     shown = [call for call in ORDINARY if call.text in FIRST_BY_HAND]
-    loop, *counts = per_round(tree, [
-        ("empty", "call", ""),
+    counts = per_round(tree, [
         *(("empty", "call", call.statement) for call in shown),
         *((table, call.function, call.statement)
           for call in calls for table in ("radio", "yardstick")),
     ])
-    nothing = [count - loop for count in counts[:len(shown)]]
-    ours = [count - loop for count in counts[len(shown)::2]]
-    by_hand = [count - loop for count in counts[len(shown) + 1::2]]
+    nothing, counts = counts[:len(shown)], counts[len(shown):]
+    ours, by_hand = counts[::2], counts[1::2]
     for call, our, others in zip(calls, ours, by_hand):
         yield Comparison("calls", call.text, "instructions", our, others, "by hand", goal_of(call))
     for call, others in zip(shown, nothing):

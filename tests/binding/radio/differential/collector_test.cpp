@@ -24,7 +24,12 @@ int closeRadio(lua_State *L)
     return 0;
 }
 
-using Make = lua_CFunction (*)(const char *);
+struct Make {
+    const char *name;
+    lua_CFunction (*of)(const char *function);
+};
+
+constexpr Make makes[] = {{"inShell", inShell}, {"byHand", byHand}};
 
 class Collector : public Differential,
                   public testing::WithParamInterface<std::tuple<Make, Function>>
@@ -65,7 +70,7 @@ protected:
 TEST_P(Collector, closesTheRadioUnderACallThatGoesOn)
 {
     const auto &[make, function] = GetParam();
-    lua_pushcfunction(L, make(function.name));
+    lua_pushcfunction(L, make.of(function.name));
     for (const char *kind = function.kinds; *kind != '\0'; ++kind) {
         if (*kind == 'p') {
             lua_pushnil(L);
@@ -89,7 +94,7 @@ TEST_P(Collector, findsNoTextMadeWhereAnotherArgumentIsWrong)
     if (std::strlen(function.kinds) == 1) {
         return; // there is no other
     }
-    lua_pushcfunction(L, make(function.name));
+    lua_pushcfunction(L, make.of(function.name));
     for (const char *kind = function.kinds; *kind != '\0'; ++kind) {
         if (*kind == 't') {
             lua_pushnumber(L, 12.5);
@@ -112,7 +117,10 @@ constexpr Function functions[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Differential, Collector,
-                         testing::Combine(testing::Values(&inShell, &byHand),
-                                          testing::ValuesIn(functions)));
+                         testing::Combine(testing::ValuesIn(makes), testing::ValuesIn(functions)),
+                         [](const auto &tested) {
+                             return std::string(std::get<0>(tested.param).name) + "_" +
+                                    std::get<1>(tested.param).name;
+                         });
 
 } // namespace
