@@ -22,8 +22,14 @@ draw_picture() {
 
 run_benchmarks() {
     prepare bench "${bench_packages[@]}"
-    exec env -u LD_LIBRARY_PATH -u SOREL_SIM_SCENARIO -u SOREL_SIM_TRACE -u SOREL_SIM_LOG \
-        "$root/build/bench/bench/driver_calls" "$@"
+    if [ "${1-}" = driver ]; then
+        exec env -u LD_LIBRARY_PATH -u SOREL_SIM_SCENARIO -u SOREL_SIM_TRACE -u SOREL_SIM_LOG \
+            "$root/build/bench/bench/driver_calls" "${@:2}"
+    fi
+    prepare bench-arm "${bench_packages[@]}" qemu-user
+    exec /usr/bin/python3 -B "$root/bench/speed" --folder "$root/build/speed" \
+        --tree "$(dpkg --print-architecture)=$root/build/bench/bench/speed/tree.json" \
+        --tree "armhf=$root/build/bench-arm/bench/speed/tree.json" "$@"
 }
 
 measure_size() {

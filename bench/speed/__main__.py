@@ -1,40 +1,62 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""How fast the shell is, beside what it could be measured against, with the goals. TREE is the
-tree.json of a build tree, as build/bench/bench/speed/tree.json."""
+"""How fast the shell is, beside what it can be measured against, and beside the goals. Each TREE is
+a name and the tree.json of a build tree, as in amd64=build/bench/bench/speed/tree.json; on one that
+runs under an emulator, only instructions are counted. Ends with 1 where a goal is missed."""
 
 import argparse
-import dataclasses
 import importlib
 import json
 import sys
 from pathlib import Path
 
-SECTIONS = sorted(file.stem for file in (Path(__file__).parent / "sections").glob("*.py"))
+import pictures
+from machine import described
+from page import with_table
+from results import Results
+from table import SECTIONS, table
 
 
 def arguments():
-    parser = argparse.ArgumentParser(prog="speed", description=__doc__)
-    parser.add_argument("--tree", required=True, type=argparse.FileType(encoding="utf-8"))
-    parser.add_argument("--json", type=argparse.FileType("w", encoding="utf-8"), metavar="FILE")
-    parser.add_argument("sections", nargs="*", metavar="SECTION", help=", ".join(SECTIONS))
+    parser = argparse.ArgumentParser(prog="bench", description=__doc__)
+    parser.add_argument("--tree", action="append", required=True, dest="trees",
+                        help=argparse.SUPPRESS)
+    parser.add_argument("--folder", type=Path, required=True, help=argparse.SUPPRESS)
+    parser.add_argument("--page", type=Path, metavar="FILE",
+                        help="put the table into that page, and the pictures into the folder of "
+                             "the same name beside it")
+    parser.add_argument("sections", nargs="*", metavar="SECTION", choices=[*SECTIONS, []],
+                        help="measure only these: " + ", ".join(SECTIONS))
     return parser.parse_args()
+
+
+def measured(trees, sections):
+    results = Results(described(), [])
+    for name in sections:
+        section = importlib.import_module(f"sections.{name}")
+        for tree in trees:
+            machine, _, file = tree.partition("=")
+            print(f"bench: measuring {name} on {machine}", file=sys.stderr)
+            description = json.loads(Path(file).read_text(encoding="utf-8"))
+            results.add(machine, section.measured(description))
+    return results
 
 
 def main():
     asked = arguments()
-    tree = json.load(asked.tree)
-    comparisons = []
-    for name in asked.sections or SECTIONS:
-        section = importlib.import_module(f"sections.{name}")
-        for comparison in section.measured(tree):
-            comparisons.append(comparison)
-            goal = "" if comparison.goal is None else f"at most {comparison.goal:.3f}"
-            print(f"{comparison.what:50} {comparison.ours:12,.1f} {comparison.others:12,.1f} "
-                  f"{comparison.unit:20} {comparison.ratio:8.3f} {goal} "
-                  f"{'MISSED' if comparison.missed else ''}")
-    if asked.json:
-        json.dump([dataclasses.asdict(one) for one in comparisons], asked.json, indent=4)
-    return 1 if any(one.missed for one in comparisons) else 0
+    if asked.page and asked.sections:
+        sys.exit("bench: the page shows all sections")
+    results = measured(asked.trees, asked.sections or SECTIONS)
+    folder = asked.page.with_suffix("") if asked.page else asked.folder
+    folder.mkdir(parents=True, exist_ok=True)
+    results.write(folder / "measured.json")
+    drawn = pictures.draw(results, folder)
+    print(table(results))
+    if asked.page:
+        asked.page.write_text(with_table(asked.page.read_text(encoding="utf-8"), results),
+                              encoding="utf-8")
+    for file in (folder / "measured.json", *drawn):
+        print(f"bench: written: {file}", file=sys.stderr)
+    return 1 if results.missed() else 0
 
 
 sys.exit(main())

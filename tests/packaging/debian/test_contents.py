@@ -59,6 +59,7 @@ def expected(package, triplet):
               for file in ("README.md", "filter.pl", "inputrc", "sorelapp.words")),
             f"{documents}/README.md",
             *(f"{documents}/{file}" for file in relative(SOURCE / "docs", "*.md")),
+            *(f"{documents}/{file}" for file in relative(SOURCE / "docs", "performance/*.png")),
             *(f"usr/share/lua/5.1/{file}" for file in relative(SOURCE / "lua", "**/*.lua")),
             "usr/share/sorelapp/editor/README.md",
             *(f"usr/share/sorelapp/editor/{file}"
