@@ -27,6 +27,20 @@ void forEachClass(Use use)
     }
 }
 
+// How many fields radio has: functions, constants, and a constructor for each of the classes.
+int countFields()
+{
+    int count = 0;
+    for (const CommandEntry *entry = radioCommands; entry->name != nullptr; ++entry) {
+        ++count;
+    }
+    for (const ConstantEntry *entry = radioConstants; entry->kind != endOfConstants; ++entry) {
+        ++count;
+    }
+    forEachClass([&count](const ClassRecord *) { ++count; });
+    return count;
+}
+
 } // namespace
 
 int radioModuleOpen(lua_State *L)
@@ -37,7 +51,7 @@ int radioModuleOpen(lua_State *L)
     SWIG_Lua_AddFunction(L, "swig_type", SWIG_Lua_type);
     SWIG_Lua_AddFunction(L, "swig_equals", SWIG_Lua_equal);
 
-    SWIG_Lua_module_begin(L, "radio");
+    SWIG_Lua_module_begin(L, "radio", countFields());
     SWIG_Lua_AddCommands(L, radioCommands);
     SWIG_Lua_AddVariables(L, variables);
     forEachClass([L](ClassRecord *classRecord) { SWIG_Lua_ResolveBases(L, classRecord); });

@@ -113,7 +113,7 @@ void SWIG_Lua_RegisterClass(lua_State *L, ClassRecord *classRecord)
 
     SWIG_Lua_ClassRegistry(L);
     lua_pushstring(L, classRecord->name);
-    lua_newtable(L);
+    lua_createtable(L, 0, 7); // without metamethods of the class's own
     setStringField(L, ".type", classRecord->name);
     setTableField(L, ".get");
     setTableField(L, ".set");

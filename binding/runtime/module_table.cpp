@@ -35,13 +35,13 @@ void SWIG_Lua_AddFunction(lua_State *L, const char *name, lua_CFunction function
     lua_rawset(L, -3);
 }
 
-void SWIG_Lua_module_begin(lua_State *L, const char *name)
+void SWIG_Lua_module_begin(lua_State *L, const char *name, int fields)
 {
     checkInvariant(lua_istable(L, -1), topIsTable, 948, "SWIG_Lua_module_begin");
     lua_pushstring(L, name);
-    lua_newtable(L);
+    lua_createtable(L, 0, fields);
 
-    lua_newtable(L);
+    lua_createtable(L, 0, 4);
     setTableField(L, ".get");
     setTableField(L, ".set");
     SWIG_Lua_AddFunction(L, "__index", SWIG_Lua_module_get);

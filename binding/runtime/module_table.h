@@ -13,9 +13,9 @@ struct CommandEntry {
 // Sets a field of the table on top of the stack to a native function.
 void SWIG_Lua_AddFunction(lua_State *L, const char *name, lua_CFunction function);
 
-// Makes the module table and its metatable, stores it under name in the table on top of the stack,
-// and leaves it on top of that table.
-void SWIG_Lua_module_begin(lua_State *L, const char *name);
+// Makes the module table, with room for so many fields, and its metatable, stores it under name in
+// the table on top of the stack, and leaves it on top of that table.
+void SWIG_Lua_module_begin(lua_State *L, const char *name, int fields = 0);
 
 // Adds a list of functions to the module table on top of the stack.
 void SWIG_Lua_AddCommands(lua_State *L, const CommandEntry *commands);

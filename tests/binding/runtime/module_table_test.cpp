@@ -89,6 +89,21 @@ TEST_F(ModuleTable, beginsEmptyWithItsMetatable)
     EXPECT_EQ(lua_tocfunction(L, -1), SWIG_Lua_module_set);
 }
 
+TEST_F(ModuleTable, beginsWithRoomForItsFields)
+{
+    constexpr int fields = 1000;
+    static char keys[fields];
+    lua_gc(L, LUA_GCSTOP, 0);
+    SWIG_Lua_module_begin(L, "roomy", fields);
+    const int before = lua_gc(L, LUA_GCCOUNT, 0) * 1024 + lua_gc(L, LUA_GCCOUNTB, 0);
+    for (char &key : keys) {
+        lua_pushlightuserdata(L, &key);
+        lua_pushboolean(L, 1);
+        lua_rawset(L, -3);
+    }
+    EXPECT_EQ(lua_gc(L, LUA_GCCOUNT, 0) * 1024 + lua_gc(L, LUA_GCCOUNTB, 0), before);
+}
+
 TEST_F(ModuleTable, isStoredRawIntoItsParent)
 {
     run("parent = setmetatable({}, {__newindex = error, __index = error})");
