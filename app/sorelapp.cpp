@@ -33,6 +33,7 @@ int main(int argc, char **argv)
         std::fputs("failed to initialise lua\n", stderr);
         return EXIT_FAILURE;
     }
+    beginOpening(appLuaState);
     luaL_openlibs(appLuaState);
     if (radioModuleOpen(appLuaState) == 0) {
         std::fputs("failed to initialise lua (radio module)\n", stderr);
@@ -43,6 +44,7 @@ int main(int argc, char **argv)
     openBitLibrary(appLuaState);
     openSocketLibrary(appLuaState);
     registerRadioInternal(appLuaState);
+    endOpening(appLuaState);
 
     if (args.batchFile != nullptr) {
         runBatchFile(appLuaState, args.batchFile);
