@@ -76,8 +76,9 @@ constexpr std::array<CastRecord *, typeCount> pointersToCasts(std::index_sequenc
     return {&casts[position].itself...};
 }
 
-constinit auto initialTypes = pointersToRecords(std::make_index_sequence<typeCount>{});
-constinit auto initialCasts = pointersToCasts(std::make_index_sequence<typeCount>{});
+// Constant, so that a page is saved: the rest of what is written to fits into one.
+constinit const auto initialTypes = pointersToRecords(std::make_index_sequence<typeCount>{});
+constinit const auto initialCasts = pointersToCasts(std::make_index_sequence<typeCount>{});
 
 } // namespace
 
@@ -87,6 +88,8 @@ constinit ModuleRecord radioModule = {radioTypes, typeCount, nullptr, nullptr, n
 
 void initialiseRadioTypes(lua_State *L)
 {
-    SWIG_InitTypes(L, &radioModule, initialTypes.data(), initialCasts.data());
+    // The runtime only reads these, but what it keeps them in has no const.
+    SWIG_InitTypes(L, &radioModule, const_cast<TypeRecord **>(initialTypes.data()),
+                   const_cast<CastRecord **>(initialCasts.data()));
     SWIG_ShareClientData(&radioModule);
 }
