@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <numeric>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -59,12 +60,43 @@ constexpr std::array<std::string_view, values> table(std::index_sequence<indices
     if constexpr (requires { Enumeration{0}; })
         return {ofRealMember<static_cast<Enumeration>(lowest + static_cast<int>(indices))>()...};
     else
-        return {};
+        return {((void)indices, std::string_view())...};
+}
+
+// The names of all members in one text. It has no pointers, which the loader would have to set in
+// each process that starts.
+template <std::size_t length>
+struct Names {
+    std::array<uint16_t, values + 1> begins{}; // of each value's, and the end of the last
+    std::array<char, length> text{};
+
+    constexpr std::string_view operator[](std::size_t index) const
+    {
+        return {text.data() + begins[index], std::size_t(begins[index + 1] - begins[index])};
+    }
+};
+
+template <class Enumeration>
+constexpr auto names()
+{
+    constexpr auto spelled = table<Enumeration>(std::make_index_sequence<values>());
+    constexpr std::size_t length =
+        std::accumulate(spelled.begin(), spelled.end(), std::size_t{0},
+                        [](std::size_t sum, std::string_view name) { return sum + name.size(); });
+    static_assert(length <= UINT16_MAX);
+
+    Names<length> packed;
+    std::size_t end = 0;
+    for (std::size_t i = 0; i < values; ++i) {
+        for (const char character : spelled[i])
+            packed.text[end++] = character;
+        packed.begins[i + 1] = static_cast<uint16_t>(end);
+    }
+    return packed;
 }
 
 template <class Enumeration>
-constexpr std::array<std::string_view, values>
-    members = table<Enumeration>(std::make_index_sequence<values>());
+inline constexpr auto members = names<Enumeration>();
 
 } // namespace spelling
 
