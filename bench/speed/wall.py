@@ -1,0 +1,52 @@
+# SPDX-License-Identifier: LicenseRef-Proprietary
+"""How long programs take from start to end, by hyperfine. Of many runs the lower quartile counts:
+what else the machine does only ever adds to a time."""
+
+import json
+import subprocess
+import tempfile
+from dataclasses import dataclass
+from shlex import join
+from statistics import quantiles
+
+
+@dataclass(frozen=True)
+class Times:
+    """In milliseconds."""
+
+    wall: float
+    processor: float  # user and system
+
+
+def one_round(command, environment, runs):
+    """The wall times of all runs, and the mean time of the processor, in seconds."""
+    with tempfile.NamedTemporaryFile() as file:
+        ran = subprocess.run(
+            ["hyperfine", "-N", "--warmup", "5", "--runs", str(runs),
+             "--export-json", file.name, join(command)],
+            env=environment, capture_output=True, text=True, check=False,
+        )
+        if ran.returncode != 0:
+            raise RuntimeError(ran.stderr)
+        (result,) = json.load(file)["results"]
+    return result["times"], result["user"] + result["system"]
+
+
+def lower_quartile(seconds):
+    return quantiles(seconds, n=4)[0]
+
+
+def times(programs, environment, rounds, runs):
+    """The times of programs, by name as they are given: Starts. They take turns, so that what
+    changes meanwhile meets them all."""
+    wall = {name: [] for name in programs}
+    processor = {name: [] for name in programs}
+    for _ in range(rounds):
+        for name, program in programs.items():
+            took, used = one_round(program.command, environment | program.variables, runs)
+            wall[name] += took
+            processor[name].append(used)
+    return {
+        name: Times(1000 * lower_quartile(wall[name]), 1000 * lower_quartile(processor[name]))
+        for name in programs
+    }
