@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""How long programs take from start to end, by hyperfine. Of many runs the lower quartile counts:
+"""How long programs take from start to end, by hyperfine. Of many runs the lowest decile counts:
 what else the machine does only ever adds to a time."""
 
 import json
@@ -32,8 +32,8 @@ def one_round(command, environment, runs):
     return result["times"], result["user"] + result["system"]
 
 
-def lower_quartile(seconds):
-    return quantiles(seconds, n=4)[0]
+def lowest_decile(seconds):
+    return quantiles(seconds, n=10)[0]
 
 
 def times(programs, environment, rounds, runs):
@@ -47,6 +47,6 @@ def times(programs, environment, rounds, runs):
             wall[name] += took
             processor[name].append(used)
     return {
-        name: Times(1000 * lower_quartile(wall[name]), 1000 * lower_quartile(processor[name]))
+        name: Times(1000 * lowest_decile(wall[name]), 1000 * lowest_decile(processor[name]))
         for name in programs
     }

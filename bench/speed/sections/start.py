@@ -9,7 +9,7 @@ from instructions import ENVIRONMENT, of_program
 from starting import installed, interpreter, on
 from wall import times
 
-ROUNDS, RUNS = 25, 40
+ROUNDS, RUNS = 80, 20
 MEMORY_RUNS = 41
 
 TRIVIAL, BOARD = "trivial driver", "simulated board"
