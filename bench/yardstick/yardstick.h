@@ -9,11 +9,12 @@
 #include <lua.h>
 #include <sorel.h>
 
-/* The shell's. */
-extern RadioContext *appContext;
-
+/* The shell's context. */
 #ifdef __cplusplus
+#include "app/context.h"
 extern "C" {
+#else
+extern RadioContext *appContext;
 #endif
 
 extern const luaL_Reg platformByHand[];

@@ -31,7 +31,7 @@ constexpr lua_CFunction wrapperOf()
                              " the kinds are in binding/radio/arguments.h");                       \
          static_assert(returnsKnownType<::name, options>(),                                        \
                        #name ": sorel.h declares a result of a type that has no form in Lua;"      \
-                             " see pushResult() in binding/radio/wrapper.h");                      \
+                             " see pushResult() in binding/radio/results.h");                      \
          return wrapperOf<#name, ::name, options>();                                               \
      }()}
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // Every function of the shell beside the same one written by hand (bench/yardstick): the driver is
 // called with the same bits, and the script gets the same results and errors.
+#include "binding/radio/catalogue.h"
 #include "tests/binding/radio/differential/differential.h"
 
 #include <cmath>
 #include <cstring>
-#include <ostream>
+#include <set>
 
 namespace
 {
@@ -78,6 +79,20 @@ TEST_P(EveryFunction, doesAsTheOneByHand)
 
 INSTANTIATE_TEST_SUITE_P(Differential, EveryFunction, testing::ValuesIn(functions),
                          [](const auto &tested) { return tested.param.name; });
+
+TEST(DifferentialFunctions, areAllThatTakeNoTable)
+{
+    const std::set<std::string> tables = {"radioSetTxPowerRegisters", "radioSetRxGainRegisters"};
+    std::set<std::string> compared = tables;
+    for (const Function &function : functions) {
+        compared.insert(function.name);
+    }
+    std::set<std::string> all;
+    for (const CommandEntry *entry = radioCommands; entry->name != nullptr; ++entry) {
+        all.insert(entry->name);
+    }
+    EXPECT_EQ(compared, all);
+}
 
 // ---- Makes that are wrong, which have to be told from that by hand ----
 
