@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "app/options.h"
 
+#include <cstring>
+
 // Read by argp for its own help and version options.
 const char *argp_program_version = "libsorel " SORELAPP_VERSION;
 const char *argp_program_bug_address = "sorelapp@example.com";
@@ -23,32 +25,50 @@ bool isConsistent(const AppArgs &args)
     return (!args.interactive && args.batchFile == nullptr) || args.command == nullptr;
 }
 
-error_t parseOpt(int key, char *argument, argp_state *state)
+// Takes an option. False where there is none of that key.
+bool takeOption(int key, const char *argument, AppArgs &args)
 {
-    AppArgs &args = *static_cast<AppArgs *>(state->input);
     switch (key) {
     case 'i':
         args.interactive = true;
-        return 0;
+        return true;
     case 'b':
         args.batchFile = argument;
         args.interactive = false;
-        return 0;
+        return true;
     case 'c':
         args.command = argument;
         args.interactive = false;
-        return 0;
+        return true;
     case 'v':
         args.version = true;
-        return 0;
-    case ARGP_KEY_END:
+        return true;
+    default:
+        return false;
+    }
+}
+
+error_t parseOpt(int key, char *argument, argp_state *state)
+{
+    AppArgs &args = *static_cast<AppArgs *>(state->input);
+    if (key == ARGP_KEY_END) {
         if (state->arg_num > 0 || !isConsistent(args)) {
             argp_usage(state);
         }
         return 0;
-    default:
-        return ARGP_ERR_UNKNOWN;
     }
+    return takeOption(key, argument, args) ? 0 : ARGP_ERR_UNKNOWN;
+}
+
+// Takes the command lines that nearly all starts have, and leaves the others: none at all, -b FILE
+// and -c COMMAND. argp says the same of them, but would bring a quarter of a megabyte of the C
+// library into memory for it.
+bool takePlainCommandLine(int argc, char **argv, AppArgs &args)
+{
+    if (argc == 3 && (std::strcmp(argv[1], "-b") == 0 || std::strcmp(argv[1], "-c") == 0)) {
+        return takeOption(argv[1][1], argv[2], args);
+    }
+    return argc == 1;
 }
 
 const argp parser = {
@@ -59,5 +79,8 @@ const argp parser = {
 
 error_t parseCommandLine(int argc, char **argv, AppArgs &args)
 {
+    if (takePlainCommandLine(argc, argv, args)) {
+        return 0;
+    }
     return argp_parse(&parser, argc, argv, 0, nullptr, &args);
 }

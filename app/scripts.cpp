@@ -15,7 +15,7 @@ int copyFields(lua_State *L)
     while (lua_next(L, -2) != 0) {
         lua_pushvalue(L, -2);
         lua_insert(L, -2);
-        lua_settable(L, LUA_GLOBALSINDEX);
+        lua_rawset(L, LUA_GLOBALSINDEX);
     }
     return 0;
 }
