@@ -1,20 +1,16 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""The programs whose starts are compared. All of them run the empty text.
+"""The programs whose starts are compared, in a folder in which they are to run.
 
-The shell is the one that is installed: that of a build tree looks for libraries in more places. In
-the place of an installed driver, which is found with the other libraries, stands one that is loaded
-ahead of them all; it takes no longer.
+The shell is the one that is installed: that of a build tree looks for libraries in more places. An
+installed driver is found at once, like all libraries. Here, where it is not installed, programs
+name it by a path: LD_LIBRARY_PATH would have the loader try a dozen folders for the first library.
 """
 
+import shutil
 import subprocess
-from dataclasses import dataclass, field
 from pathlib import Path
 
-
-@dataclass(frozen=True)
-class Start:
-    command: list
-    variables: dict = field(default_factory=dict)  # of the environment
+DRIVER = b"\0libsorel.so.1\0"
 
 
 def installed(tree, folder):
@@ -23,12 +19,26 @@ def installed(tree, folder):
         [tree["cmake"], "--install", tree["folder"], "--component", "sorelapp", "--prefix", folder],
         stdout=subprocess.DEVNULL, check=True,
     )
-    return str(Path(folder, "bin", "sorelapp"))
+    return Path(folder, "bin", "sorelapp")
 
 
-def on(driver, program, text=""):
-    return Start([program, "-c", text], {"LD_PRELOAD": driver})
+def standing_on(driver, program, folder, letter):
+    """A copy of a program that finds the driver in the folder. The letter names both, so that the
+    driver's path is as long as its name."""
+    path = f"\0{letter}/libsorel.so\0".encode()
+    before, name, after = Path(program).read_bytes().partition(DRIVER)
+    assert name and DRIVER not in after and len(path) == len(DRIVER)
+    copy = Path(folder, letter, "program")
+    copy.parent.mkdir()
+    copy.write_bytes(before + path + after)
+    copy.chmod(0o755)
+    shutil.copy(driver, copy.parent / "libsorel.so")
+    return str(copy)
+
+
+def shell(program, text=""):
+    return [program, "-c", text]
 
 
 def interpreter(tree):
-    return Start([tree["interpreter"], "-e", ""])
+    return [tree["interpreter"], "-e", ""]

@@ -37,13 +37,13 @@ def lowest_decile(seconds):
 
 
 def times(programs, environment, rounds, runs):
-    """The times of programs, by name as they are given: Starts. They take turns, so that what
-    changes meanwhile meets them all."""
+    """The times of programs, which are commands by name, by that name. They take turns, so that
+    what changes meanwhile meets them all."""
     wall = {name: [] for name in programs}
     processor = {name: [] for name in programs}
     for _ in range(rounds):
-        for name, program in programs.items():
-            took, used = one_round(program.command, environment | program.variables, runs)
+        for name, command in programs.items():
+            took, used = one_round(command, environment, runs)
             wall[name] += took
             processor[name].append(used)
     return {

@@ -2,11 +2,12 @@
 """From the command line to the end of the empty text, beside the interpreter."""
 
 import tempfile
+from contextlib import chdir
 
 from at_exit import resident
 from comparison import Comparison
 from instructions import ENVIRONMENT, of_program
-from starting import installed, interpreter, on
+from starting import installed, interpreter, shell, standing_on
 from wall import times
 
 ROUNDS, RUNS = 80, 20
@@ -31,25 +32,24 @@ def figures(programs):
     yield "wall time", "ms", {name: took[name].wall for name in programs}
     yield "user and system time", "ms", {name: took[name].processor for name in programs}
     yield "instructions", "instructions", {
-        name: of_program(program.command, **program.variables)
-        for name, program in programs.items()
+        name: of_program(command) for name, command in programs.items()
     }
     yield "resident memory", "KiB", {
-        name: resident(program.command, ENVIRONMENT | program.variables, MEMORY_RUNS)
-        for name, program in programs.items()
+        name: resident(command, ENVIRONMENT, MEMORY_RUNS) for name, command in programs.items()
     }
 
 
 def measured(tree):
     if tree["emulator"]:
         return  # an emulator's start is not the machine's
-    with tempfile.TemporaryDirectory() as folder:
-        shell = installed(tree, folder)
+    trivial, stand_in = tree["trivial_driver"], tree["start_stand_in"]
+    with tempfile.TemporaryDirectory() as folder, chdir(folder):
+        own = installed(tree, folder)
         programs = {
             "lua5.1": interpreter(tree),
-            TRIVIAL: on(tree["trivial_driver"], shell),
-            BOARD: on(tree["simulated_board"], shell),
-            STAND_IN: on(tree["trivial_driver"], tree["start_stand_in"]),
+            TRIVIAL: shell(standing_on(trivial, own, folder, "t")),
+            BOARD: shell(standing_on(tree["simulated_board"], own, folder, "b")),
+            STAND_IN: shell(standing_on(trivial, stand_in, folder, "s")),
         }
         for what, unit, of in figures(programs):
             for driver in (TRIVIAL, BOARD):

@@ -11,7 +11,7 @@ from pathlib import Path
 import pytest
 from instructions import of_program
 from sections.start import GOALS, TRIVIAL
-from starting import installed, interpreter, on
+from starting import installed, interpreter, shell, standing_on
 
 TREE = json.loads(Path(os.environ["TREE"]).read_text(encoding="utf-8"))
 GOAL = GOALS[TRIVIAL, "instructions"]
@@ -20,16 +20,13 @@ GOAL = GOALS[TRIVIAL, "instructions"]
 ANOTHER_COPY = "for k,v in pairs(radio) do _G[k] = v end"
 
 
-def instructions(start):
-    return of_program(start.command, **start.variables)
-
-
-@pytest.fixture(name="ratio", scope="module")
-def ratio_of_a_text(tmp_path_factory):
+@pytest.fixture(name="ratio")
+def ratio_of_a_text(tmp_path, monkeypatch):
     """The instructions of the shell running a text, to those of the interpreter that runs none."""
-    shell = installed(TREE, tmp_path_factory.mktemp("installed"))
-    others = instructions(interpreter(TREE))
-    return lambda text: instructions(on(TREE["trivial_driver"], shell, text)) / others
+    monkeypatch.chdir(tmp_path)
+    program = standing_on(TREE["trivial_driver"], installed(TREE, tmp_path), tmp_path, "t")
+    others = of_program(interpreter(TREE))
+    return lambda text: of_program(shell(program, text)) / others
 
 
 def test_a_start_keeps_to_its_goal(ratio):
