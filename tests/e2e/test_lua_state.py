@@ -12,10 +12,12 @@ GARBAGE_IS_COLLECTED = (
 )
 
 # Those of the reference manual of Lua 5.1, and what Lua 5.1 has beyond it.
-OF_LUA = """_G _VERSION assert collectgarbage coroutine debug dofile error gcinfo getfenv getmetatable
-    io ipairs load loadfile loadstring math module newproxy next os package pairs pcall print rawequal
-    rawget rawset require select setfenv setmetatable string table tonumber tostring type unpack
-    xpcall""".split()
+OF_LUA = """
+    _G _VERSION assert collectgarbage coroutine debug dofile error gcinfo getfenv
+    getmetatable io ipairs load loadfile loadstring math module newproxy next os package
+    pairs pcall print rawequal rawget rawset require select setfenv setmetatable string
+    table tonumber tostring type unpack xpcall
+""".split()
 OF_THE_SHELL = """bit radio radioClose radioInternal radioNative radioOpen socket swig_equals
     swig_type""".split()
 
@@ -27,8 +29,8 @@ def test_garbage_is_collected_by_itself():
 def test_garbage_is_collected_by_itself_after_a_batch_file_and_at_the_prompt(tmp_path):
     script = tmp_path / "script"
     script.write_text(GARBAGE_IS_COLLECTED)
-    ran = pipe("for _ = 1, 100000 do local garbage = {} end", "print(collectgarbage('count') < 2000)",
-               arguments=["-b", str(script), "-i"])
+    ran = pipe("for _ = 1, 100000 do local garbage = {} end",
+               "print(collectgarbage('count') < 2000)", arguments=["-b", str(script), "-i"])
     assert ran.out.startswith("true") and "true\n" in ran.out
 
 
