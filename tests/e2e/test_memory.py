@@ -52,7 +52,7 @@ def test_without_memory_for_its_record_a_hooks_object_is_nil():
 
 
 def test_without_memory_to_read_the_options_nothing_is_opened():
-    ran = run("-c", "print(1)", stdin="print('read')\nexit\n", **preloading("no_options.so"))
+    ran = run("--command", "print(1)", stdin="print('read')\nexit\n", **preloading("no_options.so"))
     assert (ran.out, ran.status, ran.log) == ("", 1, [])
     assert ran.err.count("\n") == 1 and ran.err.endswith("\n")
 
