@@ -33,6 +33,7 @@ lua_State *openBothMakes()
     lua_State *const L = luaL_newstate();
     luaL_openlibs(L);
     radioModuleOpen(L);
+    require(L, luaL_dostring(L, "for name, field in pairs(radio) do _G[name] = field end") == 0);
 
     lua_newtable(L);
     addYardstick(L);

@@ -5,7 +5,7 @@
 #include <lua.hpp>
 
 // Opens the driver and makes the state, with the standard libraries and the globals
-//   radio      as the shell has it
+//   radio      as the shell has it, and its fields
 //   yardstick  the same functions written by hand
 //   empty      with one function, call(), that does nothing
 // Ends the process where that fails.

@@ -17,7 +17,7 @@ FIGURES = "{:>11} {:>11} {:>6}"
 
 def figure(value):
     """Three digits at least, and none behind the point that say nothing."""
-    return f"{value:,.0f}" if abs(value) >= 1000 else f"{value:.3g}" if value < 100 else f"{value:.0f}"
+    return f"{value:,.0f}" if value >= 100 else f"{value:.3g}"
 
 
 def ratio(comparison):
@@ -51,7 +51,7 @@ def section_table(title, comparisons):
     lines = []
     for beside in besides:
         chosen = [(machine, one) for machine, one in comparisons if one.beside == beside]
-        head = FIGURES.format("sorelapp", beside[:11], "ratio")
+        head = FIGURES.format("sorelapp", "other", "ratio")
         lines.append(f"{title + ', beside ' + beside:{WHAT + 14}}"
                      + "".join(f" {machine:^{len(head)}}  " for machine in machines).rstrip())
         lines.append(f"{'':{WHAT + 14}}" + "".join(f" {head}  " for _ in machines) + " at most")

@@ -1,25 +1,22 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "binding/radio/numbers.h"
 
-#include <cstdlib>
 #include <cstring>
 
 std::uint32_t parseUnsigned32(const char *text)
 {
-    // The sign is read here, and strtoull only sees digits: on a PC it would wrap a negative number
-    // modulo 2^64, which hides whether its magnitude fits into 32 bits.
-    const char *digits = text + std::strspn(text, " \t\n\v\f\r");
-    const bool negative = *digits == '-';
-    if (*digits == '-' || *digits == '+') {
-        ++digits;
+    const char *next = text + std::strspn(text, " \t\n\v\f\r");
+    const bool negative = *next == '-';
+    if (*next == '-' || *next == '+') {
+        ++next;
     }
-    if (*digits < '0' || *digits > '9') {
-        return 0;
+    std::uint32_t magnitude = 0;
+    for (; *next >= '0' && *next <= '9'; ++next) {
+        const auto digit = static_cast<std::uint32_t>(*next - '0');
+        if (magnitude > UINT32_MAX / 10 || 10 * magnitude > UINT32_MAX - digit) {
+            return UINT32_MAX;
+        }
+        magnitude = 10 * magnitude + digit;
     }
-    const unsigned long long magnitude = std::strtoull(digits, nullptr, 10);
-    if (magnitude > UINT32_MAX) {
-        return UINT32_MAX;
-    }
-    const auto value = static_cast<std::uint32_t>(magnitude);
-    return negative ? 0U - value : value;
+    return negative ? 0U - magnitude : magnitude;
 }

@@ -21,6 +21,17 @@ FIRST_BY_HAND = {
     "radioGetTemperature()": 212,
 }
 
+# What a script can do about what a call costs: ways to write one, beside f(2140000000) with the
+# function in the local f.
+FREQUENCY = "radioSetTxFrequency"
+PLAIN = "f(2140000000)"
+WAYS = {
+    "radioSetTxFrequency(2140000000), a global": "radioSetTxFrequency(2140000000)",
+    "radio.radioSetTxFrequency(2140000000)": "radio.radioSetTxFrequency(2140000000)",
+    "f('2140000000'), a string": "f('2140000000')",
+    "pcall(f, 2140000000)": "pcall(f, 2140000000)",
+}
+
 # Rounds of a loop. Each is measured with both, so that entering and leaving it does not count.
 SHORT, LONG = 1, 11
 
@@ -30,8 +41,8 @@ def environment(tree):
 
 
 def per_round(tree, loops):
-    """The instructions of what a round of each loop does; the loops are (table, function, text), see
-    bench/calls/call_counts.cpp."""
+    """The instructions of what a round of each loop does; the loops are (table, function, text),
+    see bench/calls/call_counts.cpp."""
     loops = [("empty", "call", ""), *loops]  # of which the first tells what a loop itself takes
     counts = instructions.between(
         "measurementMark", [tree["call_counts"], str(SHORT), str(LONG)], tree["emulator"],
@@ -63,6 +74,13 @@ def instructions_measured(tree, calls=(*ORDINARY, *WITH_ZEROS)):
                          by_hand[calls.index(call)], others, "an empty C function")
 
 
+def ways_measured(tree):
+    texts = (PLAIN, *WAYS.values())
+    plain, *others = per_round(tree, [("radio", FREQUENCY, text) for text in texts])
+    for what, count in zip(WAYS, others):
+        yield Comparison("calls", what, "instructions", count, plain, f"{PLAIN}, a local")
+
+
 def times_measured(tree):
     """The shortest of several, which what else the machine does has disturbed least."""
     output = subprocess.run(
@@ -84,5 +102,6 @@ def times_measured(tree):
 
 def measured(tree):
     yield from instructions_measured(tree)
+    yield from ways_measured(tree)
     if tree["call_times"]:
         yield from times_measured(tree)
