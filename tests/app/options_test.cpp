@@ -66,9 +66,23 @@ TEST(CommandLine, takesAScriptAlikeInAnySpelling)
     }
 }
 
+// As many words as those that are taken directly.
+TEST(CommandLine, takesAnOptionBehindOneWhoseTextIsInTheSameWord)
+{
+    const CommandLine script({"-bfile", "-i"});
+    EXPECT_STREQ(script.args.batchFile, "file");
+    EXPECT_TRUE(script.args.interactive);
+    const CommandLine command({"-cx = 1", "-v"});
+    EXPECT_STREQ(command.args.command, "x = 1");
+    EXPECT_TRUE(command.args.version);
+}
+
 TEST(CommandLine, takesNoOtherWordForAnOption)
 {
     EXPECT_TRUE(CommandLine({"-v", "-i"}).args.version);
+    EXPECT_EXIT(CommandLine({"-bfile", "text"}), testing::ExitedWithCode(64), "Too many arguments");
+    EXPECT_EXIT(CommandLine({"-cx", "text"}), testing::ExitedWithCode(64), "Too many arguments");
+    EXPECT_EXIT(CommandLine({"--", "-c"}), testing::ExitedWithCode(64), "Too many arguments");
     EXPECT_EXIT(CommandLine({"-x", "text"}), testing::ExitedWithCode(64), "invalid option");
     EXPECT_EXIT(CommandLine({"c", "text"}), testing::ExitedWithCode(64), "Too many arguments");
     EXPECT_EXIT(CommandLine({"-i", "text"}), testing::ExitedWithCode(64), "Too many arguments");
