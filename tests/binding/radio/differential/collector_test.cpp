@@ -43,6 +43,20 @@ protected:
         appRadioOpen();
     }
 
+    // Pushes the function and good arguments, of which the text is to be made of a number.
+    void pushGoodCall()
+    {
+        const auto &[make, function] = GetParam();
+        lua_pushcfunction(L, make.of(function.name));
+        for (const char *kind = function.kinds; *kind != '\0'; ++kind) {
+            if (*kind == 'p') {
+                lua_pushnil(L);
+            } else {
+                lua_pushnumber(L, 12.5);
+            }
+        }
+    }
+
     // Calls the function on the stack; the first text that is made meanwhile runs a finaliser,
     // which closes the radio.
     int call()
@@ -69,15 +83,8 @@ protected:
 
 TEST_P(Collector, closesTheRadioUnderACallThatGoesOn)
 {
-    const auto &[make, function] = GetParam();
-    lua_pushcfunction(L, make.of(function.name));
-    for (const char *kind = function.kinds; *kind != '\0'; ++kind) {
-        if (*kind == 'p') {
-            lua_pushnil(L);
-        } else {
-            lua_pushnumber(L, 12.5);
-        }
-    }
+    const Function function = std::get<Function>(GetParam());
+    pushGoodCall();
     ASSERT_EQ(call(), 0) << popText();
 
     EXPECT_TRUE(finaliserSawText);
@@ -88,12 +95,25 @@ TEST_P(Collector, closesTheRadioUnderACallThatGoesOn)
     EXPECT_EQ(driverCalls.text, "12.5");
 }
 
-TEST_P(Collector, findsNoTextMadeWhereAnotherArgumentIsWrong)
+TEST_P(Collector, findsNoTextMadeWhereThereIsAnArgumentTooMany)
+{
+    const Function function = std::get<Function>(GetParam());
+    pushGoodCall();
+    lua_pushnil(L);
+    ASSERT_NE(call(), 0);
+
+    EXPECT_EQ(popText().find("Error in " + std::string(function.name) + " expected "), 0U);
+    EXPECT_EQ(appContext, nullptr); // closed when the text of the error was made
+    EXPECT_FALSE(finaliserSawText);
+}
+
+class CollectorAmongArguments : public Collector
+{
+};
+
+TEST_P(CollectorAmongArguments, findsNoTextMadeWhereAnotherIsWrong)
 {
     const auto &[make, function] = GetParam();
-    if (std::strlen(function.kinds) == 1) {
-        return; // there is no other
-    }
     lua_pushcfunction(L, make.of(function.name));
     for (const char *kind = function.kinds; *kind != '\0'; ++kind) {
         if (*kind == 't') {
@@ -109,18 +129,25 @@ TEST_P(Collector, findsNoTextMadeWhereAnotherArgumentIsWrong)
     EXPECT_FALSE(finaliserSawText);
 }
 
-constexpr Function functions[] = {
+constexpr Function aloneOrNot[] = {
     {"radioLoadCalibrationFile", "t"},
     {"radioGetIntegerFromCalibration", "tp"},
     {"radioGetStringFromCalibration", "tp"},
     {"radioInitByScript", "nnnt"},
 };
+constexpr Function amongOthers[] = {aloneOrNot[1], aloneOrNot[2], aloneOrNot[3]};
+
+std::string nameOf(const testing::TestParamInfo<std::tuple<Make, Function>> &tested)
+{
+    return std::string(std::get<Make>(tested.param).name) + "_" +
+           std::get<Function>(tested.param).name;
+}
 
 INSTANTIATE_TEST_SUITE_P(Differential, Collector,
-                         testing::Combine(testing::ValuesIn(makes), testing::ValuesIn(functions)),
-                         [](const auto &tested) {
-                             return std::string(std::get<0>(tested.param).name) + "_" +
-                                    std::get<1>(tested.param).name;
-                         });
+                         testing::Combine(testing::ValuesIn(makes), testing::ValuesIn(aloneOrNot)),
+                         nameOf);
+INSTANTIATE_TEST_SUITE_P(Differential, CollectorAmongArguments,
+                         testing::Combine(testing::ValuesIn(makes), testing::ValuesIn(amongOthers)),
+                         nameOf);
 
 } // namespace
