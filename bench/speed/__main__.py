@@ -17,16 +17,34 @@ from table import SECTIONS, table
 
 
 def arguments():
-    parser = argparse.ArgumentParser(prog="bench", description=__doc__)
+    parser = argparse.ArgumentParser(prog="./dev bench", description=__doc__)
     parser.add_argument("--tree", action="append", required=True, dest="trees",
                         help=argparse.SUPPRESS)
     parser.add_argument("--folder", type=Path, required=True, help=argparse.SUPPRESS)
     parser.add_argument("--page", type=Path, metavar="FILE",
                         help="put the table into that page, and the pictures into the folder of "
                              "the same name beside it")
-    parser.add_argument("sections", nargs="*", metavar="SECTION", choices=[*SECTIONS, []],
+    parser.add_argument("sections", nargs="*", metavar="SECTION",
                         help="measure only these: " + ", ".join(SECTIONS))
-    return parser.parse_args()
+    asked = parser.parse_args()
+    check(asked, parser)
+    return asked
+
+
+def check(asked, parser):
+    """Before anything is measured, which takes minutes."""
+    for name in asked.sections:
+        if name not in SECTIONS:
+            parser.error(f"there is no section '{name}'; there are {', '.join(SECTIONS)}")
+    if asked.page and asked.sections:
+        parser.error("the page shows all sections")
+    if asked.page and not asked.page.suffix:
+        parser.error(f"{asked.page}: the pictures need a folder of another name")
+    if asked.page:
+        try:
+            with_table(asked.page.read_text(encoding="utf-8"), Results(described(), []))
+        except (OSError, ValueError) as why:
+            parser.error(f"{asked.page}: {why}")
 
 
 def measured(trees, sections):
@@ -43,9 +61,7 @@ def measured(trees, sections):
 
 def main():
     asked = arguments()
-    if asked.page and asked.sections:
-        sys.exit("bench: the page shows all sections")
-    results = measured(asked.trees, asked.sections or SECTIONS)
+    results = measured(asked.trees, dict.fromkeys(asked.sections) or SECTIONS)
     folder = asked.page.with_suffix("") if asked.page else asked.folder
     folder.mkdir(parents=True, exist_ok=True)
     results.write(folder / "measured.json")
