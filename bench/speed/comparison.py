@@ -13,7 +13,7 @@ class Comparison:
     unit: str  # "instructions", "ns", "ms", "KiB"; those of "instructions" repeat exactly
     ours: float
     others: float
-    beside: str  # what others is the figure of: "by hand", "lua5.1"
+    beside: str  # what others is the figure of: "the same by hand", "lua5.1"
     goal: float | None = None  # what ours / others is to be at most; None: it is only shown
     size: int | None = None  # of what is measured at several sizes: elements, lines
 

@@ -6,9 +6,9 @@ import random
 import subprocess
 import time
 from dataclasses import dataclass
-from pathlib import Path
 
 import instructions
+from loops import on_trivial_driver
 
 LEAVE = "exit\n"  # what ends the shell; the end of the input ends the loop beside it
 
@@ -37,7 +37,7 @@ def good_lines(count):
 
 def shell(tree):
     """The command and the variables of the shell by itself."""
-    return [tree["executable"]], {"LD_LIBRARY_PATH": str(Path(tree["trivial_driver"]).parent)}
+    return [tree["executable"]], on_trivial_driver(tree)
 
 
 def instructions_of(command, lines, **variables):

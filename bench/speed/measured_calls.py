@@ -84,6 +84,6 @@ ORDINARY = [
     *(Call(function, arguments, True) for function, arguments in NUMBERS.items()),
     *(Call(function, arguments, False) for function, arguments in OTHERS.items()),
 ]
-# 0 is what "off" and "the first" are called by, and the only number that is looked at twice.
+# 0 is what "off" and "the first" are called by; what is cut to it is looked at twice.
 WITH_ZEROS = [Call(function, zeros(function), function in NUMBERS)
               for function in (*NUMBERS, *ZEROS)]

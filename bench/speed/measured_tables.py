@@ -1,13 +1,11 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""What bench/tables tells: calls of the functions for register tables, the shell's and those that
-take every element through its text."""
+"""What bench/tables tells: calls of a function for register tables, the shell's and one that takes
+every element through its text."""
 
-import json
 import statistics
-import subprocess
-from pathlib import Path
 
 import instructions
+from loops import least_times, on_trivial_driver
 
 OURS, THROUGH_TEXT = "ours", "through text"
 TEN_DIGITS, DECIMALS, BYTES = (
@@ -18,34 +16,22 @@ PRINTED, STRINGS, METATABLE = (
 )
 
 
-def driver(tree):
-    return {"LD_LIBRARY_PATH": str(Path(tree["trivial_driver"]).parent)}
-
-
 def instructions_of_call(tree, setter, kind, size):
     """Of one call, on average: collecting texts takes more in one than in another. The first call
     is left out, in which all texts are new."""
     times = 3 if tree["emulator"] and size > 10 else 9
     command = [tree["table_calls"], setter, kind, str(size), str(times)]
-    counts = instructions.between("tableCallMark", command, tree["emulator"], **driver(tree))
+    counts = instructions.between("tableCallMark", command, tree["emulator"],
+                                  **on_trivial_driver(tree))
     assert len(counts) == times
     return statistics.mean(counts[1:])
 
 
-def times(tree, wanted, repetitions=9):
-    """The nanoseconds of one call, of those that the regular expression names: for each (setter,
-    kind, size) the least of several measurements, taken in any order among all others, since
-    whatever else runs can only add to them."""
-    ran = subprocess.run(
-        [tree["table_times"], f"--benchmark_filter={wanted}", "--benchmark_min_time=0.02",
-         f"--benchmark_repetitions={repetitions}", "--benchmark_enable_random_interleaving=true",
-         "--benchmark_format=json"],
-        env=instructions.ENVIRONMENT | driver(tree), stdout=subprocess.PIPE, check=True,
-    )
+def times(tree, wanted):
+    """The nanoseconds of one call by (setter, kind, size), of those that the regular expression
+    names."""
     least = {}
-    for run in json.loads(ran.stdout)["benchmarks"]:
-        if run["run_type"] == "iteration":
-            setter, kind, size = run["run_name"].split("/")[:3]
-            key = setter, kind, int(size)
-            least[key] = min(run["cpu_time"], least.get(key, run["cpu_time"]))
+    for name, nanoseconds in least_times(tree, "table_times", wanted).items():
+        setter, kind, size = name.split("/")[:3]
+        least[setter, kind, int(size)] = nanoseconds
     return least

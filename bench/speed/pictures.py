@@ -7,6 +7,8 @@ import subprocess
 import tempfile
 from pathlib import Path
 
+from table import SECTIONS, lines_of, machines_of
+
 HERE = Path(__file__).parent
 GROWTH = ("table_growth", "line_growth")
 
@@ -15,24 +17,24 @@ def quoted(text):
     return '"' + text.replace('"', "'") + '"'
 
 
-def ratio_rows(results, sections):
-    """One line for each thing that has a goal, from the top: its place, the ratio on each machine,
-    the goal, what it is."""
-    things = {}
-    for section in sections:
-        for machine, one in results.of(section):
-            if one.goal is not None:
-                things.setdefault((one.what, one.unit, one.beside), {})[machine] = one
-    for place, ((what, unit, _), by_machine) in enumerate(things.items()):
+def with_goals(results, sections):
+    return [(machine, one) for section in sections for machine, one in results.of(section)
+            if one.goal is not None]
+
+
+def ratio_rows(comparisons, machines):
+    """One line for each thing, from the top: its place, the ratio on each machine, the goal, what
+    it is. Calls need not be told to be calls, counted in instructions."""
+    for place, ((what, unit, _), by_machine) in enumerate(lines_of(comparisons).items()):
         ratios = [f"{by_machine[machine].ratio:.6f}" if machine in by_machine else "NaN"
-                  for machine in results.machines()]
-        goal = next(iter(by_machine.values())).goal
-        label = what if unit == "instructions" else f"{what} [{unit}]"
-        yield "\t".join([str(-place), *ratios, str(goal), quoted(label)])
+                  for machine in machines]
+        one = next(iter(by_machine.values()))
+        label = what if one.section == "calls" else f"{SECTIONS[one.section]}: {what} [{unit}]"
+        yield "\t".join([str(-place), *ratios, str(one.goal), quoted(label)])
 
 
 def number(text):
-    """The first one in a text: that of "at 1,000 lines" is 1000."""
+    """The first one in a text: that of "one of 1,000" is 1000."""
     return int(re.search(r"\d[\d,]*", text)[0].replace(",", ""))
 
 
@@ -41,11 +43,13 @@ def growth_blocks(results):
     curves = {}
     for section in GROWTH:
         for _, one in results.of(section):
-            title = re.sub(r"\d[\d,]*", "n", one.what, count=1)
-            points = curves.setdefault(f"{title} [{one.unit}]", {number(one.beside): 1})
+            kind = re.sub(r"^one of \d+(,\d{3})*", "", one.what)  # ", ten-digit integers"
+            points = curves.setdefault(f"{SECTIONS[section]}{kind} [{one.unit}]",
+                                       {number(one.beside): 1})
             points[one.size] = one.ratio
     for title, points in curves.items():
-        yield "\n".join([quoted(title), *(f"{size}\t{ratio:.6f}" for size, ratio in points.items())])
+        lines = (f"{size}\t{ratio:.6f}" for size, ratio in points.items())
+        yield "\n".join([quoted(title), *lines])
 
 
 def gnuplot(script, picture, folder, **variables):
@@ -61,12 +65,14 @@ def draw(results, folder):
     with tempfile.TemporaryDirectory() as data:
         for name in ("calls", "others"):
             sections = ["calls"] if name == "calls" else ["tables", "start", "prompt"]
-            rows = list(ratio_rows(results, sections))
+            comparisons = with_goals(results, sections)
+            machines = machines_of(comparisons)
+            rows = list(ratio_rows(comparisons, machines))
             if rows:
                 Path(data, name).write_text("\n".join(rows) + "\n", encoding="utf-8")
                 drawn.append(folder / f"{name}.png")
                 gnuplot("ratios.gnuplot", drawn[-1], data, data=name, count=len(rows),
-                        machines=" ".join(results.machines()), whole=int(name == "calls"))
+                        machines=" ".join(machines), whole=int(name == "calls"))
         if blocks := list(growth_blocks(results)):
             Path(data, "growth").write_text("\n\n\n".join(blocks) + "\n", encoding="utf-8")
             drawn.append(folder / "growth.png")

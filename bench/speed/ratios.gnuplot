@@ -8,7 +8,7 @@ set output picture
 set encoding utf8
 set datafile separator "\t"
 
-set lmargin 52
+set lmargin 56
 set tmargin 3
 set key outside top right horizontal samplen 1
 set yrange [-count + 0.4:0.6]

@@ -16,10 +16,6 @@ class Results:
     def add(self, machine, comparisons):
         self.comparisons.extend((machine, comparison) for comparison in comparisons)
 
-    def machines(self):
-        """The names of the trees' machines, in the order of measuring."""
-        return list(dict.fromkeys(machine for machine, _ in self.comparisons))
-
     def of(self, section):
         return [(machine, one) for machine, one in self.comparisons if one.section == section]
 

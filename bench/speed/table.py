@@ -7,8 +7,8 @@ SECTIONS = {
     "tables": "Register tables",
     "start": "Start",
     "prompt": "Prompt",
-    "table_growth": "Register tables, an element of larger ones",
-    "line_growth": "Prompt, a line among more of them",
+    "table_growth": "Register tables, an element",
+    "line_growth": "Prompt, a line",
 }
 
 WHAT = 46
@@ -22,6 +22,11 @@ def figure(value):
 
 def ratio(comparison):
     return f"{comparison.ratio:.3f}"
+
+
+def machines_of(comparisons):
+    """Their names, in the order of measuring."""
+    return list(dict.fromkeys(machine for machine, _ in comparisons))
 
 
 def lines_of(comparisons):
@@ -46,7 +51,7 @@ def line(what, unit, by_machine, machines):
 
 
 def section_table(title, comparisons):
-    machines = list(dict.fromkeys(machine for machine, _ in comparisons))
+    machines = machines_of(comparisons)
     besides = dict.fromkeys(one.beside for _, one in comparisons)
     lines = []
     for beside in besides:

@@ -2,13 +2,12 @@
 """What a call of each function costs, Lua's own part of it included, beside that of one written by
 hand in plain C (bench/yardstick), on a driver that does nothing."""
 
-import json
-import subprocess
-from pathlib import Path
-
 import instructions
 from comparison import Comparison
+from loops import least_times, on_trivial_driver
 from measured_calls import ORDINARY, WITH_ZEROS
+
+BY_HAND = "the same by hand"
 
 NUMBERS_GOAL = 0.89  # where all arguments are checked numbers, and there are some
 OTHER_GOAL = 1.00
@@ -36,17 +35,13 @@ WAYS = {
 SHORT, LONG = 1, 11
 
 
-def environment(tree):
-    return {"LD_LIBRARY_PATH": str(Path(tree["trivial_driver"]).parent)}
-
-
 def per_round(tree, loops):
     """The instructions of what a round of each loop does; the loops are (table, function, text),
     see bench/calls/call_counts.cpp."""
     loops = [("empty", "call", ""), *loops]  # of which the first tells what a loop itself takes
     counts = instructions.between(
         "measurementMark", [tree["call_counts"], str(SHORT), str(LONG)], tree["emulator"],
-        input="".join(" ".join(words) + "\n" for words in loops), **environment(tree),
+        input="".join(" ".join(words) + "\n" for words in loops), **on_trivial_driver(tree),
     )
     runs = counts[::2]  # the others are between runs
     assert len(runs) == 2 * len(loops), f"{len(runs)} runs of {len(loops)} loops"
@@ -68,10 +63,11 @@ def instructions_measured(tree, calls=(*ORDINARY, *WITH_ZEROS)):
     nothing, counts = counts[:len(shown)], counts[len(shown):]
     ours, by_hand = counts[::2], counts[1::2]
     for call, our, others in zip(calls, ours, by_hand):
-        yield Comparison("calls", call.text, "instructions", our, others, "by hand", goal_of(call))
+        yield Comparison("calls", call.text, "instructions", our, others, BY_HAND,
+                         goal_of(call))
     for call, others in zip(shown, nothing):
-        yield Comparison("calls", f"by hand: {call.text}", "instructions",
-                         by_hand[calls.index(call)], others, "an empty C function")
+        yield Comparison("calls", call.text, "instructions", ours[calls.index(call)], others,
+                         "an empty C function")
 
 
 def ways_measured(tree):
@@ -82,22 +78,12 @@ def ways_measured(tree):
 
 
 def times_measured(tree):
-    """The shortest of several, which what else the machine does has disturbed least."""
-    output = subprocess.run(
-        [tree["call_times"], "--benchmark_format=json", "--benchmark_repetitions=15",
-         "--benchmark_min_time=0.02", "--benchmark_enable_random_interleaving=true"],
-        env=instructions.ENVIRONMENT | environment(tree), capture_output=True, text=True,
-        check=True,
-    ).stdout
-    times = {}
-    for run in json.loads(output)["benchmarks"]:
-        if run["run_type"] == "iteration":
-            times.setdefault(run["run_name"], []).append(run["cpu_time"])
-    for name in times:
+    times = least_times(tree, "call_times", repetitions=15)
+    for name, ours in times.items():
         table, _, function = name.partition("/")
         if table == "radio":
-            ours, by_hand = (min(times[f"{make}/{function}"]) for make in (table, "yardstick"))
-            yield Comparison("calls", f"{function}, in a loop", "ns", ours, by_hand, "by hand")
+            yield Comparison("calls", f"{function}, in a loop", "ns", ours,
+                             times[f"yardstick/{function}"], BY_HAND)
 
 
 def measured(tree):

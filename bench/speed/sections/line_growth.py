@@ -47,5 +47,5 @@ def measured(tree):
         first, *costs = (per_line(tree, lines[:size]) for size in SIZES)
         for size, cost in zip(SIZES[1:], costs):
             yield Comparison(
-                section="line_growth", what=f"a line of {size:,}", unit=unit, ours=cost,
-                others=first, beside=f"at {SIZES[0]:,} lines", goal=GOAL, size=size)
+                section="line_growth", what=f"one of {size:,}", unit=unit, ours=cost,
+                others=first, beside=f"one of {SIZES[0]:,}", goal=GOAL, size=size)

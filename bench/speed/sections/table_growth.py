@@ -14,8 +14,8 @@ def measured(tree):
         times = tables.times(tree, f"^{tables.OURS}/{kind}/100+/")
         for size in SIZES:
             yield Comparison(
-                section="table_growth", what=f"{size:,} elements, {kind}", unit="ns",
+                section="table_growth", what=f"one of {size:,}, {kind}", unit="ns",
                 ours=times[tables.OURS, kind, size] / size,
                 others=times[tables.OURS, kind, FIRST] / FIRST,
-                beside=f"at {FIRST} elements", goal=1.25, size=size,
+                beside=f"one of {FIRST}", goal=1.25, size=size,
             )

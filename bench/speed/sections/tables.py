@@ -21,7 +21,7 @@ OTHERS = [(kind, size) for kind in (tables.PRINTED, tables.STRINGS, tables.METAT
 def compared(kind, size, unit, figures, goal):
     return Comparison(
         section="tables", what=f"{size} elements, {kind}", unit=unit,
-        ours=figures[tables.OURS], others=figures[tables.THROUGH_TEXT], beside="through text",
+        ours=figures[tables.OURS], others=figures[tables.THROUGH_TEXT], beside="the same through text",
         goal=goal,
     )
 
