@@ -209,7 +209,8 @@ int SWIG_Lua_class_set(lua_State *L)
 int SWIG_Lua_class_destruct(lua_State *L)
 {
     const int top = lua_gettop(L);
-    checkInvariant(lua_isuserdata(L, top), "lua_isuserdata(L,-1)", 1106, "SWIG_Lua_class_destruct");
+    checkInvariant(top > 0 && lua_isuserdata(L, top), "lua_isuserdata(L,-1)", 1106,
+                   "SWIG_Lua_class_destruct");
     PointerObject *const object = SWIG_Lua_ToPointerObject(L, top);
     if (object == nullptr || object->own == 0) {
         return 0;

@@ -65,6 +65,12 @@ TEST_F(ClassInvariant, destructorNeedsAUserdata)
     EXPECT_INVARIANT(run("gc(5)"), 1106, "SWIG_Lua_class_destruct", "lua_isuserdata(L,-1)");
 }
 
+TEST_F(ClassInvariant, destructorNeedsAnArgument)
+{
+    // What the call before has left behind the end of the stack is none.
+    EXPECT_INVARIANT(run("gc(g) gc()"), 1106, "SWIG_Lua_class_destruct", "lua_isuserdata(L,-1)");
+}
+
 TEST_F(ClassInvariant, attributesNeedATable)
 {
     run("t = 5");
