@@ -18,7 +18,13 @@ namespace
 int construct(lua_State *L)
 {
     checkArgumentCount(L, "RadioHooks::RadioHooks", 0);
-    SWIG_Lua_PushPointer(L, std::calloc(1, sizeof(RadioHooks)), radioTypes[hooksType], 1);
+    PointerObject *const object = SWIG_Lua_NewPointerObj(L, radioTypes[hooksType]);
+    object->ptr = std::calloc(1, sizeof(RadioHooks));
+    if (object->ptr == nullptr) {
+        lua_pushnil(L);
+    } else {
+        object->own = 1;
+    }
     return 1;
 }
 

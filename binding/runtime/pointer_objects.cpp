@@ -78,19 +78,27 @@ bool pointerOfUserdata(lua_State *L, int index, void **ptr)
 
 } // namespace
 
+PointerObject *SWIG_Lua_NewPointerObj(lua_State *L, TypeRecord *type)
+{
+    auto *const object = static_cast<PointerObject *>(lua_newuserdata(L, sizeof(PointerObject)));
+    object->type = type;
+    object->own = 0;
+    object->ptr = nullptr;
+    if (type != nullptr) {
+        SWIG_Lua_AttachClassMetatable(L, static_cast<const ClassRecord *>(type->clientData));
+    }
+    return object;
+}
+
 void SWIG_Lua_PushPointer(lua_State *L, void *ptr, TypeRecord *type, int own)
 {
     if (ptr == nullptr) {
         lua_pushnil(L);
         return;
     }
-    auto *const object = static_cast<PointerObject *>(lua_newuserdata(L, sizeof(PointerObject)));
-    object->type = type;
+    PointerObject *const object = SWIG_Lua_NewPointerObj(L, type);
     object->own = own;
     object->ptr = ptr;
-    if (type != nullptr) {
-        SWIG_Lua_AttachClassMetatable(L, static_cast<const ClassRecord *>(type->clientData));
-    }
 }
 
 void SWIG_Lua_NewPackedObj(lua_State *L, const void *ptr, std::size_t size, TypeRecord *type)

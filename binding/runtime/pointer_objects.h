@@ -13,6 +13,11 @@
 // bound to type, if there is one. own: 1 lets Lua free the native object at collection.
 void SWIG_Lua_PushPointer(lua_State *L, void *ptr, TypeRecord *type, int own);
 
+// Pushes a new PointerObject that holds nothing yet, with the metatable of the class bound to type.
+// For an object that is to own what is allocated next: then nothing is lost where Lua has no memory
+// for the object.
+PointerObject *SWIG_Lua_NewPointerObj(lua_State *L, TypeRecord *type);
+
 // Pushes a new PackedObject with a copy of size bytes from ptr, which must not be null.
 void SWIG_Lua_NewPackedObj(lua_State *L, const void *ptr, std::size_t size, TypeRecord *type);
 
