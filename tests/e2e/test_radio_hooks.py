@@ -146,7 +146,7 @@ def test_objects_reach_no_driver_function():
 
 def records(text):
     """What becomes of the records behind the objects, up to the end of the process."""
-    ran = run("-c", text, **preloading("hooks_records.so"))
+    ran = run("-c", text, COUNTED_CALLOC="pointers", **preloading("counted_blocks.so"))
     assert ran.status == 0, ran
     return ran.err.split()
 

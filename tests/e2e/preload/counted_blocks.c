@@ -1,23 +1,36 @@
 /* SPDX-License-Identifier: LicenseRef-Proprietary */
-/* Counts the zeroed blocks of two pointers, which RadioHooks records are, on standard error: a line
- * when one is made, a line when it is freed. */
+/* Counts the blocks of as many bytes as COUNTED_MALLOC or COUNTED_CALLOC says, on standard error: a
+ * line when one is made, a line when it is freed. COUNTED_CALLOC=pointers stands for the size of
+ * two pointers. */
 #include <stddef.h>
+#include <stdlib.h>
+#include <string.h>
 #include <unistd.h>
 
 /* The C library's own, under the names by which such a library as this one reaches them. */
+void *__libc_malloc(size_t size);
 void *__libc_calloc(size_t count, size_t size);
 void __libc_free(void *block);
 
-void *calloc(size_t count, size_t size);
-void free(void *block);
+enum { BLOCKS = 1000 };
 
-enum { RECORDS = 1000 };
+static void *blocks[BLOCKS];
 
-static void *records[RECORDS];
-
-static void say(const char *text, size_t length)
+static int counts(const char *variable, size_t size)
 {
-    if (write(STDERR_FILENO, text, length) < 0) {
+    const char *value = getenv(variable);
+    if (value == NULL) {
+        return 0;
+    }
+    if (strcmp(value, "pointers") == 0) {
+        return size == 2 * sizeof(void *);
+    }
+    return size == strtoul(value, NULL, 10);
+}
+
+static void say(const char *text)
+{
+    if (write(STDERR_FILENO, text, strlen(text)) < 0) {
         _exit(1);
     }
 }
@@ -25,28 +38,37 @@ static void say(const char *text, size_t length)
 /* Puts one block into the first place that holds another; false if there is no such place. */
 static int replace(void *old, void *block)
 {
-    for (int i = 0; i < RECORDS; ++i) {
-        if (records[i] == old) {
-            records[i] = block;
+    for (int i = 0; i < BLOCKS; ++i) {
+        if (blocks[i] == old) {
+            blocks[i] = block;
             return 1;
         }
     }
     return 0;
 }
 
-void *calloc(size_t count, size_t size)
+static void *counted(void *block, int counts)
 {
-    void *block = __libc_calloc(count, size);
-    if (block != NULL && count * size == 2 * sizeof(void *) && replace(NULL, block)) {
-        say("made\n", 5);
+    if (block != NULL && counts && replace(NULL, block)) {
+        say("made\n");
     }
     return block;
+}
+
+void *malloc(size_t size)
+{
+    return counted(__libc_malloc(size), counts("COUNTED_MALLOC", size));
+}
+
+void *calloc(size_t count, size_t size)
+{
+    return counted(__libc_calloc(count, size), counts("COUNTED_CALLOC", count * size));
 }
 
 void free(void *block)
 {
     if (block != NULL && replace(block, NULL)) {
-        say("freed\n", 6);
+        say("freed\n");
     }
     __libc_free(block);
 }
