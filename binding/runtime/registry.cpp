@@ -79,6 +79,12 @@ void SWIG_Lua_SetModuleRecord(lua_State *L, ModuleRecord *module)
 void SWIG_InitTypes(lua_State *L, ModuleRecord *module, TypeRecord **typeInitial,
                     CastRecord **castInitial)
 {
+    // What can raise for want of memory comes before anything is changed that outlives the state.
+    ModuleRecord *const head = SWIG_Lua_GetModuleRecord(L);
+    if (head == nullptr) {
+        SWIG_Lua_SetModuleRecord(L, module);
+    }
+
     const bool first = module->next == nullptr;
     if (first) {
         module->typeInitial = typeInitial;
@@ -86,12 +92,10 @@ void SWIG_InitTypes(lua_State *L, ModuleRecord *module, TypeRecord **typeInitial
         module->next = module;
     }
 
-    ModuleRecord *const head = SWIG_Lua_GetModuleRecord(L);
-    if (head == nullptr) {
-        SWIG_Lua_SetModuleRecord(L, module);
-    } else if (isInList(head, module)) {
-        return;
-    } else {
+    if (head != nullptr) {
+        if (isInList(head, module)) {
+            return;
+        }
         module->next = head->next;
         head->next = module;
     }
