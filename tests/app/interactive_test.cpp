@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // The line reader and the loop, seen from inside.
 #include "app/interactive.h"
+#include "tests/app/input.h"
 #include "tests/binding/support/assertion_report.h"
 #include "tests/binding/support/lua_test.h"
 
@@ -9,31 +10,6 @@
 
 namespace
 {
-
-// Standard input holds a text, zero bytes and all.
-class Input
-{
-public:
-    explicit Input(const std::string &text) : file(std::tmpfile())
-    {
-        std::fwrite(text.data(), 1, text.size(), file);
-        std::rewind(file);
-        stdin = file;
-    }
-
-    ~Input()
-    {
-        stdin = before;
-        std::fclose(file);
-    }
-
-    Input(const Input &) = delete;
-    Input &operator=(const Input &) = delete;
-
-private:
-    FILE *before = stdin;
-    FILE *file;
-};
 
 // A line as the reader returns it.
 std::string readLine()
