@@ -108,13 +108,13 @@ def environment(driver, more):
     return result | more
 
 
-def preloading(library):
+def preloading(library, driver=RECORDING):
     """The variables that load a library of preload/ ahead of all others. It is found by its folder
     on the library path, since blanks, which that folder may have, end a name in LD_PRELOAD. An
     emulator is told of it in a variable of its own, since it is no program of the kind that could
     load the library."""
-    driver = loading(RECORDING)
-    path = driver | {"LD_LIBRARY_PATH": f"{driver['LD_LIBRARY_PATH']}:{PRELOAD}"}
+    loaded = loading(driver)
+    path = loaded | {"LD_LIBRARY_PATH": f"{loaded['LD_LIBRARY_PATH']}:{PRELOAD}"}
     if Path(COMMAND[0]).name.startswith("qemu"):
         return path | {"QEMU_SET_ENV": f"LD_PRELOAD={library}"}
     return path | {"LD_PRELOAD": library}
