@@ -64,8 +64,9 @@ class Ran:
 
 
 def lines_of(file):
-    """The lines of a file that need not exist."""
-    return file.read_text(encoding="latin-1").splitlines() if file.exists() else []
+    """The lines of a file that need not exist. Only a newline ends one."""
+    text = file.read_text(encoding="latin-1") if file.exists() else ""
+    return text.removesuffix("\n").split("\n") if text else []
 
 
 def functions(calls):

@@ -4,6 +4,7 @@
 #include "answers.h"
 
 #include <errno.h>
+#include <stdbool.h>
 #include <stdlib.h>
 #include <string.h>
 
@@ -94,14 +95,32 @@ static long long wholeInteger(const struct Answer *answer, long long least, long
     return value;
 }
 
-/* A copy without the quotes. It is never freed: the library's texts outlive the call. */
+/* A copy without the quotes, of as many times as the text says in front of them. It is never freed:
+ * the library's texts outlive the call. */
 static const char *quoted(const char *text)
 {
-    const size_t length = strlen(text);
-    if (length < 2 || text[0] != '"' || text[length - 1] != '"') {
+    char *first = strchr(text, '"');
+    const size_t length = first != NULL ? strlen(first) : 0;
+    if (length < 2 || first[length - 1] != '"') {
         die("not a text in quotes", text);
     }
-    return strndup(text + 1, length - 2);
+    size_t times = 1;
+    if (first != text) {
+        char *end;
+        times = strtoul(text, &end, 10);
+        if (end == text || strncmp(end, "*\"", 2) != 0) {
+            die("not a number of times", text);
+        }
+    }
+    char *copy = malloc(times * (length - 2) + 1);
+    if (copy == NULL) {
+        die("no memory for", text);
+    }
+    for (size_t i = 0; i < times; ++i) {
+        memcpy(copy + i * (length - 2), first + 1, length - 2);
+    }
+    copy[times * (length - 2)] = '\0';
+    return copy;
 }
 
 RadioReturn answerStatus(const char *function)
@@ -141,14 +160,19 @@ const char *answerText(const char *function)
     return strcmp(answer.text, "null") == 0 ? NULL : quoted(answer.text);
 }
 
-bool answerNull(const char *function)
+void *answerPointer(const char *function, void *ok)
 {
     const struct Answer answer = findAnswer(function);
-    if (answer.text[0] != '\0' && strcmp(answer.text, "null") != 0 &&
-        strcmp(answer.text, "ok") != 0) {
-        die("neither null nor ok", answer.text);
+    if (answer.text[0] == '\0' || strcmp(answer.text, "ok") == 0) {
+        return ok;
     }
-    return strcmp(answer.text, "null") == 0;
+    if (strcmp(answer.text, "wild") == 0) {
+        return (void *)1;
+    }
+    if (strcmp(answer.text, "null") != 0) {
+        die("neither null nor wild nor ok", answer.text);
+    }
+    return NULL;
 }
 
 RadioReturn answerIntegerThrough(const char *function, int32_t *value)

@@ -6,16 +6,14 @@
 
 #include "sorel.h"
 
-#include <stdbool.h>
-
 RadioReturn answerStatus(const char *function);
 float answerFloat(const char *function);
 int32_t answerInteger(const char *function);
 uint32_t answerUnsigned(const char *function);
 const char *answerText(const char *function);
 
-/* Whether a pointer that is not a text shall be null. */
-bool answerNull(const char *function);
+/* A pointer that is not a text: this one, null, or one to nothing. */
+void *answerPointer(const char *function, void *ok);
 
 /* A status, and a value stored through the pointer if there is a pointer and a value. */
 RadioReturn answerIntegerThrough(const char *function, int32_t *value);

@@ -8,9 +8,10 @@ char *driverNames[] = {"first", "second", NULL};
 RadioContext *radioOpen(void)
 {
     static int opened;
-    RadioContext *context = NULL;
-    if (!answerNull(__func__) && opened < CONTEXTS) {
-        context = &contexts[opened++];
+    RadioContext *const next = opened < CONTEXTS ? &contexts[opened] : NULL;
+    RadioContext *const context = answerPointer(__func__, next);
+    if (context != NULL && context == next) {
+        ++opened;
     }
     logOpen(context);
     return context;
@@ -101,7 +102,7 @@ const char *radioVersion(RadioContext *context)
 char **radioGetDriverNames(RadioContext *context)
 {
     logCall(__func__, "c", context);
-    return answerNull(__func__) ? NULL : driverNames;
+    return answerPointer(__func__, driverNames);
 }
 
 RadioReturn radioSetTxFrequency(RadioContext *context, uint32_t frequency)
