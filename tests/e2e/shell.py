@@ -38,6 +38,7 @@ SOURCE = Path(os.environ["SORELAPP_SOURCE_DIR"])
 VERSION = (SOURCE / "VERSION").read_text().strip()
 
 TRACED = "SOREL_TRACED" in os.environ
+EMULATED = Path(COMMAND[0]).name.startswith("qemu")
 
 PROMPT = "sorelapp> "
 SECONDS = 60  # longer than any test takes, emulated or not
@@ -116,7 +117,7 @@ def preloading(library, driver=RECORDING):
     load the library."""
     loaded = loading(driver)
     path = loaded | {"LD_LIBRARY_PATH": f"{loaded['LD_LIBRARY_PATH']}:{PRELOAD}"}
-    if Path(COMMAND[0]).name.startswith("qemu"):
+    if EMULATED:
         return path | {"QEMU_SET_ENV": f"LD_PRELOAD={library}"}
     return path | {"LD_PRELOAD": library}
 
