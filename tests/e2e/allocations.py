@@ -32,7 +32,7 @@ class End:
 @dataclass
 class FailingRun:
     number: int  # of the allocation that failed
-    failed: str  # the function it is of: m(alloc), c(alloc), r(ealloc); - where none was left to fail
+    failed: str  # the function it is of: m(alloc), c(alloc), r(ealloc); -: none was left to fail
     end: End
     left: Counter  # sizes of the blocks that main() left behind; None where it did not return
 

@@ -80,16 +80,17 @@ def _script(tmp_path, monkeypatch):
 
 
 NO_FILE = "cannot open script.lua: Cannot allocate memory"
-NO_CONTEXT = "script.lua:1: No radio context, call radioOpen() first"
+NOT_COPIED = "script.lua:1: attempt to call global 'radioGetDebugLevel' (a nil value)"
+NO_CONTEXT = "No radio context, call radioOpen() first"
 
 
 def test_a_batch_file_on_the_simulated_board_that_lacks_one_allocation(script):
     runs = runs_with_each_failing("-b", script, driver=SIMULATION)
     assert_ends(runs, [
-        End("", NO_RADIO + panic("No radio context, call radioOpen() first"), 1),
+        End("", NO_RADIO + panic(NO_CONTEXT), 1),
         End("", NO_STATE, 1),
         End("", panic(), 1),
-        End("", panic("script.lua:1: attempt to call global 'radioGetDebugLevel' (a nil value)"), 1),
+        End("", panic(NOT_COPIED), 1),
         End("0\n", "", 0),  # without radioOpen() and radioClose()
         End("", panic(), 1),
         End("", panic(NO_FILE), 1),
@@ -154,7 +155,8 @@ NUMBER = Line("error(12, 0)", err=failed("12"), once=[("", failed()), End(2 * PR
 
 LINES = {
     "good": Line("print('a' .. 1)", out="a1\n"),
-    "not compiling": Line("x = = 1", err=failed("[string \"stdin\"]:1: unexpected symbol near '='")),
+    "not compiling": Line("x = = 1",
+                          err=failed("[string \"stdin\"]:1: unexpected symbol near '='")),
     "raising": Line("error('a' .. 1)", err=failed('[string "stdin"]:1: a1')),
     "raising a table": Line("error({})", err=failed("(null)")),
     "raising a number": NUMBER,

@@ -131,7 +131,8 @@ def tell_all(folder, **more):
     rows = sorted(TABLE, key=lambda name: FIRST.get(name, 1))
     script = folder / "script.lua"
     script.write_text(TELL + "".join(
-        f"for _ = 1, {len(TABLE[name])} do tell('{name}', pcall(function() {CALLS[name]} end)) end\n"
+        f"for _ = 1, {len(TABLE[name])} do "
+        f"tell('{name}', pcall(function() {CALLS[name]} end)) end\n"
         for name in rows))
     ran = run("-b", str(script), answers="\n".join(answers), **more)
     assert ran.status == 0, ran.err
@@ -148,7 +149,8 @@ def tell_all(folder, **more):
 def test_every_function_of_the_driver_has_a_row_and_a_script_reaches_all_of_them(capsys):
     assert len(TABLE) == len(DRIVER_FUNCTIONS) == 46
     assert set(TABLE) == set(DRIVER_FUNCTIONS)
-    reached = lua("for _, module in pairs{radio, radioNative} do for name, value in pairs(module) do "
+    reached = lua("for _, module in pairs{radio, radioNative} do "
+                  "for name, value in pairs(module) do "
                   "if type(value) == 'function' and name ~= 'RadioHooks' then print(name) end "
                   "end end").out.split()
     assert sorted(reached) == sorted(TABLE)

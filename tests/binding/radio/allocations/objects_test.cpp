@@ -102,11 +102,16 @@ TEST(ModuleAllocations, openingTheModuleFailsCleanly)
     EXPECT_GT(number, 100);
 }
 
-// Opens the module for the first time in the process without all memory, then with it; ends the
-// process, with status 0 if the second opening made the whole module.
-[[noreturn]] void openTwice(long number)
+// Opens the module for the first time in the process without all memory, in a state that has so
+// many entries in its registry, then with all; ends the process, with status 0 if the second
+// opening made the whole module.
+[[noreturn]] void openTwice(int entries, long number)
 {
     lua_State *L = newStateOfFailingMemory();
+    for (int i = 1; i <= entries; ++i) {
+        lua_pushboolean(L, 1);
+        lua_setfield(L, LUA_REGISTRYINDEX, std::to_string(i).c_str());
+    }
     failAllocation(number);
     const bool failed = lua_cpcall(L, openModule, nullptr) == LUA_ERRMEM;
     stopFailing();
@@ -121,8 +126,11 @@ TEST(ModuleAllocations, openingTheModuleFailsCleanly)
 
 TEST(ModuleAllocations, aFirstOpeningThatFailsLeavesTheNextOneWhole)
 {
-    for (int number = 1; number <= 40; ++number) {
-        EXPECT_EXIT(openTwice(number), testing::ExitedWithCode(0), "") << number;
+    for (int entries = 0; entries < 4; ++entries) { // with and without a free place for one more
+        for (int number = 1; number <= 8; ++number) {
+            EXPECT_EXIT(openTwice(entries, number), testing::ExitedWithCode(0), "")
+                << entries << " entries, allocation " << number;
+        }
     }
 }
 
