@@ -3,6 +3,7 @@
 
 # compile_as_product(TARGET...)
 function(compile_as_product)
+    count_coverage(${ARGN})
     foreach(target IN LISTS ARGN)
         # Neither is needed, and the C++ runtime library that they would pull in costs the target
         # memory and start-up time.

@@ -6,6 +6,8 @@ build_packages=(cmake g++ ninja-build pkg-config
 test_packages=(bash-completion binutils busybox gnuplot-nox libgtest-dev libxml2-utils
     lua-check lua-socket lua-unit lua5.1 man-db mandoc python3-pexpect python3-pytest rlwrap
     valgrind)
+coverage_packages=(gcovr)
+mutation_packages=(git python3)
 lint_packages=(clang clang-format clang-tidy git libbenchmark-dev lua-check shellcheck)
 picture_packages=(gnuplot-nox)
 bench_packages=(gnuplot-nox hyperfine libbenchmark-dev lua5.1 python3 valgrind)
