@@ -65,6 +65,29 @@ int coreThatReturnsItsTable(lua_State *L)
     return 1;
 }
 
+namespace
+{
+
+int returnArguments(lua_State *L)
+{
+    return lua_gettop(L);
+}
+
+} // namespace
+
+int coreWithSockets(lua_State *L)
+{
+    for (const char *const className :
+         {"tcp{master}", "tcp{client}", "tcp{server}", "udp{connected}", "udp{unconnected}"}) {
+        luaL_newmetatable(L, className);
+        lua_newtable(L);
+        lua_pushcclosure(L, returnArguments, 0);
+        lua_setfield(L, -2, "getsockname");
+        lua_setfield(L, -2, "__index");
+    }
+    return coreThatReturnsItsTable(L);
+}
+
 int coreThatGivesNothing(lua_State *)
 {
     return 0;

@@ -14,6 +14,10 @@ int coreThatSetsTheGlobal(lua_State *L);
 // As LuaSocket 3's: only returns its table, which has tcp4 and udp4 besides tcp and udp.
 int coreThatReturnsItsTable(lua_State *L);
 
+// As coreThatReturnsItsTable, with all classes of sockets, whose getsockname() returns its
+// arguments.
+int coreWithSockets(lua_State *L);
+
 // Returns no table and sets no global.
 int coreThatGivesNothing(lua_State *L);
 

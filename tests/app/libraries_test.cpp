@@ -97,6 +97,33 @@ TEST_F(Libraries, doNotHideModulesThatAreMissing)
               std::string::npos);
 }
 
+// The fake sockets answer with what they are given.
+TEST_F(Libraries, returnPortsAsNumbersWhateverElseIsReturned)
+{
+    openSocket(coreWithSockets);
+    for (const char *const className :
+         {"tcp{master}", "tcp{client}", "tcp{server}", "udp{connected}", "udp{unconnected}"}) {
+        luaL_getmetatable(L, className);
+        name("class");
+        run("get = class.__index.getsockname");
+        EXPECT_EQ(value("type(select(2, get('::1', '80', 'inet6')))"), "number") << className;
+        EXPECT_EQ(value("select(2, get('::1', '80', 'inet6'))"), "80");
+        EXPECT_EQ(value("get('::1', '80', 'inet6')"), "::1");
+        EXPECT_EQ(value("select(3, get('::1', '80', 'inet6'))"), "inet6");
+        EXPECT_EQ(value("select('#', get('::1', '80', 'inet6', nil))"), "4");
+        EXPECT_EQ(value("type(select(2, get(nil, '80')))"), "string") << "a message";
+        EXPECT_EQ(value("select(2, get('::1', 'http'))"), "http");
+        EXPECT_EQ(value("select('#', get())"), "0");
+    }
+}
+
+TEST_F(Libraries, takeAClassThatTheCoreLacksForNone)
+{
+    openSocket(coreThatReturnsItsTable);
+    luaL_getmetatable(L, "tcp{master}");
+    EXPECT_TRUE(lua_isnil(L, -1));
+}
+
 TEST_F(Libraries, turnAnErrorThatIsATableIntoResults)
 {
     openSocket(coreThatReturnsItsTable);

@@ -3,7 +3,7 @@
 
 import pytest
 from options import options
-from shell import PROMPT, VERSION, run
+from shell import PROMPT, VERSION, preloading, run
 
 USAGE_STATUS = 64
 COMMAND = "print('command')"
@@ -76,6 +76,13 @@ def test_what_is_no_option_is_rejected_before_anything_is_opened(arguments, file
     ran = run(*place(arguments, files), stdin="exit\n")
     assert (ran.out, ran.status, ran.log) == ("", USAGE_STATUS, [])
     assert "sorelapp --help" in ran.err
+
+
+def test_an_argument_that_the_parser_has_taken_is_answered_with_the_usage():
+    """The C library's never takes one: it is told before that there is none."""
+    ran = run("-v", "-i", **preloading("counted_argument.so"))
+    assert (ran.out, ran.status, ran.log) == ("", USAGE_STATUS, [])
+    assert ran.err.startswith("Usage: sorelapp [OPTION...]\n")
 
 
 @pytest.mark.parametrize("arguments", [["-c" + COMMAND], ["--command=" + COMMAND]])

@@ -68,6 +68,24 @@ TEST_F(ClassTable, hasTheFieldsOfAClass)
     EXPECT_EQ(value("keys(mt['.fn'])"), "__tostring grow");
 }
 
+TEST_F(ClassTable, takesOnlyWhatBeginsWithTwoUnderscoresForAMetamethod)
+{
+    MethodEntry methods[] = {{"_grow", gadget::grow}, {"g_row", gadget::grow},
+                             {"__len", gadget::grow}, {"_", gadget::grow},
+                             {"__", gadget::grow},    {nullptr, nullptr}};
+    record.methods = methods;
+    registerClass(record);
+    SWIG_Lua_ClassMetatable(L, "Gadget");
+    name("mt");
+    EXPECT_EQ(value("mt._grow"), "nil");
+    EXPECT_EQ(value("mt.g_row"), "nil");
+    EXPECT_EQ(value("mt._"), "nil");
+    EXPECT_EQ(value("type(mt.__) .. ' ' .. type(mt.__len)"), "function function");
+    for (const char *const method : {"_grow", "g_row", "__len", "_", "__"}) {
+        EXPECT_EQ(value(std::string("type(mt['.fn'].") + method + ")"), "function") << method;
+    }
+}
+
 TEST_F(ClassTable, registeredAgainReplacesTheFirst)
 {
     registerClass(record);

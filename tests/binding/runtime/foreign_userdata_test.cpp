@@ -144,4 +144,21 @@ TEST_F(ForeignUserdata, withAMetatableOfItsOwnIsNamedByATypeThatIsShared)
     EXPECT_EQ(SWIG_Lua_ConvertPtr(L, -1, &out, &type), 0);
 }
 
+// Whichever of the bindings has that type, and only if one has it.
+TEST_F(ForeignUserdata, withAMetatableOfItsOwnIsLookedForInAllBindings)
+{
+    TypeRecord other = makeType("_p_short", "short *");
+    TypeRecord unknown = makeType("_p_char", "char *");
+    Module first{&other};
+    Module second{&other, &type};
+    Module::link({&first, &second});
+    SWIG_Lua_SetModuleRecord(L, &first.record);
+    pushBlock(sizeof(PointerObject));
+    lua_newtable(L);
+    lua_setmetatable(L, -2);
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, -1), "int *");
+    *static_cast<TypeRecord **>(lua_touserdata(L, -1)) = &unknown;
+    EXPECT_STREQ(SWIG_Lua_TypeName(L, -1), "userdata (unknown type)");
+}
+
 } // namespace

@@ -181,6 +181,14 @@ TEST_F(PointerObjects, packedKeepACopyOfTheBytes)
     EXPECT_EQ(lua_getmetatable(L, -1), 0);
 }
 
+TEST_F(PointerObjects, packedMayHaveNoType)
+{
+    SWIG_Lua_NewPackedObj(L, "bytes", sizeof "bytes", nullptr);
+    EXPECT_EQ(static_cast<PackedObject *>(lua_touserdata(L, -1))->type, nullptr);
+    EXPECT_STREQ(static_cast<PackedObject *>(lua_touserdata(L, -1))->data, "bytes");
+    EXPECT_EQ(lua_getmetatable(L, -1), 0);
+}
+
 TEST_F(PointerObjects, packedMayBeEmpty)
 {
     SWIG_Lua_NewPackedObj(L, "", 0, &type);

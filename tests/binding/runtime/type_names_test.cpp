@@ -86,6 +86,8 @@ TEST(TypeNameMatch, comparesBlanksAloneWithoutLeavingTheAlternative)
     EXPECT_FALSE(matches("  |int *", "int * "));
     EXPECT_TRUE(matches("   |int *", " "));
     EXPECT_FALSE(matches("a |b", "ab"));
+    EXPECT_FALSE(matches("a b", "a "));
+    EXPECT_FALSE(matches("a ", "a b"));
 }
 
 TEST(TypeNameMatch, neverFindsAnythingInAnEmptyText)
