@@ -18,7 +18,7 @@ FIRST = {
     "app/lua_state.h": ["app_lua_state_test"],
     "app/options.cpp": ["app_options_test", "e2e.command_line"],
     "app/options.h": ["app_options_test", "e2e.command_line"],
-    "app/scripts.cpp": ["e2e.failing_scripts", "e2e.start_up", "e2e.lua_state"],
+    "app/scripts.cpp": ["app_scripts_test", "e2e.failing_scripts", "e2e.start_up", "e2e.lua_state"],
     "app/scripts.h": ["e2e.failing_scripts"],
     "app/socket_library.cpp": ["app_libraries_test", "e2e.socket"],
     "app/sorelapp.cpp": ["e2e.start_up", "e2e.command_line", "e2e.lua_state"],
@@ -71,7 +71,7 @@ FIRST = {
 # All programs, the quickest first.
 PROGRAMS = [
     "app_libraries_test", "app_interactive_test", "app_lua_state_test", "app_options_test",
-    "app_context_test", "app_start_up_test",
+    "app_context_test", "app_start_up_test", "app_scripts_test",
     "binding_runtime_test", "binding_radio_test", "second_binding_test",
     "binding_radio_differential_test", "register_tables_test",
 ]
