@@ -52,6 +52,9 @@ TEST_F(LuaState, hasRoomForTheGlobals)
         lua_rawset(L, LUA_GLOBALSINDEX);
     }
     EXPECT_EQ(bytes(), before);
+    lua_pushboolean(L, 1);
+    lua_setglobal(L, "one more");
+    EXPECT_GT(bytes(), before + globals * static_cast<int>(2 * sizeof(void *))) << "to spare";
 }
 
 TEST_F(LuaState, restsItsCollectorWhileItIsOpened)

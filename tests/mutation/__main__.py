@@ -68,15 +68,16 @@ class Worker:
         return Program(name, of_it, selection.APART.get(name, ()),
                        selection.SKIPPED.get(name, ()))
 
-    def suites(self, file):
-        """What a mutation of the file is tried on, in order."""
+    def first_suites(self, file):
+        """What a mutation of the file is tried on first, in order."""
         named = selection.FIRST[file]
-        first = [self.programs[name] for name in named if not name.startswith("e2e.")]
         files = [name for name in named if name.startswith("e2e.")]
-        if files:
-            first.append(Files(files, self.tests))
-        return first + [suite for suite in (*self.programs.values(), self.everything)
-                        if suite not in first]
+        return [self.programs[name] for name in named if name not in files] + (
+            [Files(files, self.tests)] if files else [])
+
+    def other_suites(self, file):
+        return [suite for suite in (*self.programs.values(), self.everything)
+                if suite.name not in selection.FIRST[file]]
 
     def check(self):
         """Without a mutation all tests have to pass."""
@@ -85,10 +86,10 @@ class Worker:
             if failing := suite.failing():
                 raise Hopeless(f"fails without any mutation: {failing}")
 
-    def outcome(self, mutation):
+    def outcome(self, mutation, suites):
         self.tree.mutate(mutation)
         built = set()
-        for suite in self.suites(mutation.file):
+        for suite in suites:
             if suite.target not in built:
                 try:
                     self.tree.build(suite.target)
@@ -114,26 +115,37 @@ def show(mutation, result, arguments):
 
 
 def try_all(root, jobs, mutations, known, arguments):
-    """Tries what is not known yet, in several copies at a time."""
+    """Tries what is not known yet, in several copies at a time: all on the tests that most likely
+    notice them, then what is left on all other tests, which takes far longer for each."""
     waiting = collections.deque(mutation for mutation in mutations if not known.of(mutation))
-    say(f"{len(mutations) - len(waiting)} of {len(mutations)} are known; preparing {jobs} copies")
+    say(f"{len(mutations) - len(waiting)} of {len(mutations)} are known")
+    left = collections.deque()
     lock, failures = threading.Lock(), []
+
+    def take():
+        with lock:
+            if waiting:
+                return waiting.popleft(), True
+            return (left.popleft(), False) if left else (None, False)
 
     def work(number):
         try:
             worker = Worker(root, number)
             worker.prepare()
-            if number == 1:
+            if number == 1 and not known.are_checked():
                 worker.check()
+                known.set_checked()
             while not failures:
+                mutation, is_first = take()
+                if mutation is None:
+                    break
+                suites = worker.first_suites if is_first else worker.other_suites
+                outcome, test = worker.outcome(mutation, suites(mutation.file))
                 with lock:
-                    if not waiting:
-                        break
-                    # Next, one of the file that is at hand, so that nothing else is built anew.
-                    mutation = waiting.popleft()
-                outcome, test = worker.outcome(mutation)
-                with lock:
-                    show(mutation, known.add(mutation, outcome, test), arguments)
+                    if is_first and outcome == SURVIVED:
+                        left.append(mutation)
+                    else:
+                        show(mutation, known.add(mutation, outcome, test), arguments)
         except (Failed, Hopeless, OSError) as error:
             failures.append(str(error))
 

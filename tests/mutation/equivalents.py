@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
 """The mutations that change nothing which anyone could see, each with its argument: equivalent.toml.
 An entry names a mutation by what it does to which line, so that it goes stale when the line
-changes."""
+changes. Where a file has the same line several times, it can name the line before."""
 
 import tomllib
 
@@ -16,7 +16,8 @@ def read(path, mutations):
     for entry in tomllib.loads(path.read_text()).get("equivalent", []):
         found = [mutation for mutation in mutations
                  if (mutation.file, mutation.operator, mutation.before, mutation.after)
-                 == (entry["file"], entry["operator"], entry["before"], entry["after"])]
+                 == (entry["file"], entry["operator"], entry["before"], entry["after"])
+                 and entry.get("behind", mutation.behind) == mutation.behind]
         if len(found) != entry.get("times", 1):
             raise Stale(f"{path.name}: there are {len(found)} mutations of {entry['file']}: "
                         f"{entry['operator']}: {entry['before']}  ->  {entry['after']}")

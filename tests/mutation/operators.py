@@ -24,8 +24,9 @@ ROW = re.compile(r'^ +(?:(?:MEMBER|PLAIN|OWN|pointerType)\(.*\),|".*",)$'
 
 NOT_CODE = re.compile(r"^\s*(#|static_assert|using |namespace|extern|template|$)")
 
-# What a function of Lua's leaves on its stack is dropped by Lua itself.
-CLEARING = re.compile(r"^ +lua_(pop|settop)\(")
+# What a function of Lua's leaves on its stack is dropped by Lua itself, and what is not reached is
+# not missed.
+CLEARING = re.compile(r"^ +(lua_(pop|settop)|__builtin_unreachable)\(")
 
 STATEMENT = re.compile(
     r"^ +(?:(?!return\b|delete\b|static_assert\b)(?:static_cast<void>\(.*\)|\(.*\)|[\w:<>.\->*]+\(.*\))"
@@ -40,6 +41,7 @@ class Mutation:
     before: str  # the changed lines, joined, without the blanks around them
     after: str
     text: str = field(repr=False)  # the whole file
+    behind: str = ""  # the line before
 
     @property
     def key(self):
@@ -60,8 +62,9 @@ def changed(source, start, end, by, operator):
     last = source.text.find("\n", end - 1 if end > start else end)
     before = source.text[first:last]
     after = text[first:last + len(text) - len(source.text)]
+    behind = source.text[:first].rstrip().rpartition("\n")[2].strip()
     return Mutation(source.file, source.line_of(start), operator, one_line(before),
-                    one_line(after), text)
+                    one_line(after), text, behind)
 
 
 def replaced_tokens(source, operator, tokens):

@@ -50,9 +50,19 @@ class Results:
     def of(self, mutation):
         return self.known.get(mutation.key)
 
+    def are_checked(self):
+        """Whether the tests are known to pass without any mutation."""
+        return "" in self.known
+
+    def set_checked(self):
+        self.write(Result("", self.state, "passed", ""))
+
     def add(self, mutation, outcome, test):
         result = Result(mutation.key, self.state, outcome, test)
-        self.known[mutation.key] = result
+        self.write(result)
+        return result
+
+    def write(self, result):
+        self.known[result.key] = result
         with self.path.open("a") as file:
             file.write(json.dumps(asdict(result)) + "\n")
-        return result
