@@ -9,7 +9,9 @@ import subprocess
 import tempfile
 
 MEGABYTE = 1 << 20
-PROCESSOR_SECONDS = 30  # of one process; no test takes half of that
+# Of the processor, before a process is taken for endless; none takes half of that.
+PROGRAM_SECONDS = 6
+FILES_SECONDS = 60
 SECONDS = 300
 
 
@@ -17,24 +19,24 @@ class Hopeless(Exception):
     """A suite fails without any mutation."""
 
 
-def limit():
+def limit(seconds):
     """In the process to be, and in what it starts. A shell in the background has its programs ignore
     some signals, which tests of the terminal send."""
     for name in (signal.SIGINT, signal.SIGQUIT, signal.SIGHUP):
         signal.signal(name, signal.SIG_DFL)
-    resource.setrlimit(resource.RLIMIT_CPU, (PROCESSOR_SECONDS, PROCESSOR_SECONDS + 5))
+    resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds + 5))
     resource.setrlimit(resource.RLIMIT_AS, (4096 * MEGABYTE, 4096 * MEGABYTE))
     resource.setrlimit(resource.RLIMIT_FSIZE, (64 * MEGABYTE, 64 * MEGABYTE))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def run(command, folder, variables):
+def run(command, folder, variables, seconds):
     """The status and the output; a status of None for one that takes too long."""
     with tempfile.TemporaryFile() as output:
         try:
             status = subprocess.run(command, cwd=folder, env=variables, stdin=subprocess.DEVNULL,
                                     stdout=output, stderr=subprocess.STDOUT, timeout=SECONDS,
-                                    preexec_fn=limit, check=False).returncode
+                                    preexec_fn=lambda: limit(seconds), check=False).returncode
         except subprocess.TimeoutExpired:
             status = None
         output.seek(0)
@@ -75,7 +77,7 @@ class Program:
     def failing_of(self, arguments):
         status, output = run(
             [self.program, "--gtest_fail_fast", "--gtest_brief=0", "--gtest_color=no", *arguments],
-            self.folder, self.variables)
+            self.folder, self.variables, PROGRAM_SECONDS)
         if status == 0:
             return None
         running = re.findall(r"^\[ RUN      \] (\S+)", output, re.MULTILINE)
@@ -95,7 +97,7 @@ class Files:
         self.command = [*command[:-1], "-x", "--tb=no", "-rf", *(each[0][-1] for each in commands)]
 
     def failing(self):
-        status, output = run(self.command, self.folder, self.variables)
+        status, output = run(self.command, self.folder, self.variables, FILES_SECONDS)
         if status == 0:
             return None
         return first(r"^(?:FAILED|ERROR) (?:\S*/)?(test_\S+)", output, f"end to end ({status})")

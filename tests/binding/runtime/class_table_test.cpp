@@ -123,4 +123,31 @@ TEST_F(ClassTable, isNotAttachedWithoutAClassRecordOrItsMetatable)
     EXPECT_EQ(value("getmetatable(g)"), "nil");
 }
 
+TEST_F(ClassTable, isNotPutInPlaceOfAnotherMetatableBeforeItIsRegistered)
+{
+    lua_newuserdata(L, sizeof(PointerObject));
+    lua_newtable(L);
+    lua_setmetatable(L, -2);
+    SWIG_Lua_AttachClassMetatable(L, &record);
+    EXPECT_EQ(lua_gettop(L), 1);
+    EXPECT_NE(lua_getmetatable(L, 1), 0);
+}
+
+TEST_F(ClassTable, isToldFromOtherTablesAtAnyIndex)
+{
+    registerClass(record);
+    SWIG_Lua_ClassMetatable(L, "Gadget");
+    lua_newtable(L); // a table that only says so
+    lua_pushstring(L, "Gadget");
+    lua_setfield(L, -2, ".type");
+    lua_newtable(L);
+    lua_pushnil(L);
+    EXPECT_TRUE(SWIG_Lua_IsClassMetatable(L, 1));
+    EXPECT_FALSE(SWIG_Lua_IsClassMetatable(L, 2));
+    EXPECT_FALSE(SWIG_Lua_IsClassMetatable(L, 3));
+    EXPECT_TRUE(SWIG_Lua_IsClassMetatable(L, -4));
+    EXPECT_FALSE(SWIG_Lua_IsClassMetatable(L, -2));
+    EXPECT_EQ(lua_gettop(L), 4);
+}
+
 } // namespace

@@ -166,6 +166,20 @@ TEST_F(PointerObjects, abortWhenTheirConverterReportsNewMemory)
                      "!newmemory");
 }
 
+TEST_F(PointerObjects, newOnesOwnNothingWhateverWasInTheirPlaceBefore)
+{
+    for (int i = 0; i < 100; ++i) {
+        std::memset(lua_newuserdata(L, sizeof(PointerObject)), 0xff, sizeof(PointerObject));
+        lua_pop(L, 1);
+    }
+    lua_gc(L, LUA_GCCOLLECT, 0);
+    const PointerObject *const object = SWIG_Lua_NewPointerObj(L, &type);
+    EXPECT_EQ(object, lua_touserdata(L, -1));
+    EXPECT_EQ(object->type, &type);
+    EXPECT_EQ(object->own, 0);
+    EXPECT_EQ(object->ptr, nullptr);
+}
+
 TEST_F(PointerObjects, packedKeepACopyOfTheBytes)
 {
     char bytes[] = "twelve bytes and more";
