@@ -102,6 +102,16 @@ TEST_F(Ownership, endsWithTheFirstExplicitCallOfTheDestructor)
     EXPECT_EQ(gadget::destroyed.size(), 1U);
 }
 
+TEST_F(Ownership, endsWithTheObjectPointingNowhere)
+{
+    push(new Gadget, 1);
+    run("getmetatable(g).__gc(g)");
+    lua_getglobal(L, "g");
+    void *out = this;
+    EXPECT_EQ(SWIG_Lua_ConvertPtr(L, -1, &out, nullptr), 0);
+    EXPECT_EQ(out, nullptr);
+}
+
 TEST_F(Ownership, giveNoResultOfTheDestructor)
 {
     push(new Gadget, 1);
