@@ -188,7 +188,8 @@ def main():
     parser.add_argument("--list", action="store_true", help="only list the mutations")
     parser.add_argument("--known", action="store_true", help="only say what is known of them")
     parser.add_argument("--trust-kills", action="store_true",
-                        help="take what earlier tests noticed for noticed; for use while adding some")
+                        help="take what earlier tests noticed for noticed; for use while adding "
+                             "some")
     parser.add_argument("files", nargs="*", metavar="FILE", help="only mutations of these files")
     asked = parser.parse_args()
     mutations = all_mutations(asked.root)

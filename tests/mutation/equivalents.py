@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""The mutations that change nothing which anyone could see, each with its argument: equivalent.toml.
+"""The mutations that change nothing which anyone could see, with their arguments: equivalent.toml.
 An entry names a mutation by what it does to which line, so that it goes stale when the line
 changes. Where a file has the same line several times, it can name the line before."""
 

@@ -23,7 +23,8 @@ CHANGES = [
     ("binding/radio/numbers.h", "wrong end of the range", "return INT32_MIN;", "return INT32_MAX;"),
     ("binding/radio/numbers.h", "rounds instead of truncating",
      "return value == value ? static_cast<std::int32_t>(value) : 0;",
-     "return value == value ? static_cast<std::int32_t>(value < 0 ? value - 0.5 : value + 0.5) : 0;"),
+     "return value == value"
+     " ? static_cast<std::int32_t>(value < 0 ? value - 0.5 : value + 0.5) : 0;"),
     ("binding/radio/numbers.cpp", "saturates a little too low", "return UINT32_MAX;",
      "return UINT32_MAX - 1;"),
     ("binding/radio/numbers.cpp", CAST,

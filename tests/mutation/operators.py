@@ -29,7 +29,8 @@ NOT_CODE = re.compile(r"^\s*(#|static_assert|using |namespace|extern|template|$)
 CLEARING = re.compile(r"^ +(lua_(pop|settop)|__builtin_unreachable)\(")
 
 STATEMENT = re.compile(
-    r"^ +(?:(?!return\b|delete\b|static_assert\b)(?:static_cast<void>\(.*\)|\(.*\)|[\w:<>.\->*]+\(.*\))"
+    r"^ +(?:(?!return\b|delete\b|static_assert\b)"
+    r"(?:static_cast<void>\(.*\)|\(.*\)|[\w:<>.\->*]+\(.*\))"
     r"|\*?[\w\->\[\].*]+ [+\-]?= .*|(?:\+\+|--).*|break|continue|return);$", re.DOTALL)
 
 
@@ -158,7 +159,8 @@ def swapped_arguments(source):
         for (a, b), (c, d) in zip(spans[1:], spans[2:]):
             by = source.text[c:d] + source.text[b:c] + source.text[a:b]
             left, right = source.text[a:b], source.text[c:d]
-            if left != right and left[0].isdigit() == right[0].isdigit() and "line" not in (left, right):
+            are_alike = left[0].isdigit() == right[0].isdigit() and "line" not in (left, right)
+            if left != right and are_alike:
                 yield changed(source, a, d, by, "arguments swapped")
 
 

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-"""Which tests a mutation of a file is tried on first. Where those pass, all others follow. The order
-costs time only."""
+"""Which tests a mutation of a file is tried on first. Where those pass, all others follow. The
+order costs time only."""
 
 RUNTIME = ["binding_runtime_test"]
 SECOND = ["second_binding_test"]
@@ -42,8 +42,8 @@ FIRST = {
     "binding/radio/numbers.h": [*RADIO, *WRAPPERS],
     "binding/radio/opener.cpp": [*RADIO, *SECOND],
     "binding/radio/pointer_arguments.h": [*RADIO, "e2e.calibration_and_debug_file"],
-    "binding/radio/register_tables.cpp": ["e2e.register_tables", "e2e.register_metamethods", "e2e.register_arrays",
-                                          "register_tables_test"],
+    "binding/radio/register_tables.cpp": ["e2e.register_tables", "e2e.register_metamethods",
+                                          "e2e.register_arrays", "register_tables_test"],
     "binding/radio/register_tables.h": ["e2e.register_tables"],
     "binding/radio/register_word.cpp": [*RADIO, "register_tables_test"],
     "binding/radio/register_word.h": [*RADIO, "register_tables_test"],

@@ -20,8 +20,8 @@ class Hopeless(Exception):
 
 
 def limit(seconds):
-    """In the process to be, and in what it starts. A shell in the background has its programs ignore
-    some signals, which tests of the terminal send."""
+    """In the process to be, and in what it starts. A shell in the background has its programs
+    ignore some signals, which tests of the terminal send."""
     for name in (signal.SIGINT, signal.SIGQUIT, signal.SIGHUP):
         signal.signal(name, signal.SIG_DFL)
     resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds + 5))
@@ -49,7 +49,7 @@ def first(pattern, text, otherwise):
 
 
 class Program:
-    """A program of unit tests. Some of its tests need a process of their own, as ctest gives all."""
+    """A program of unit tests. Some tests need a process of their own, as ctest gives all."""
 
     def __init__(self, name, tests, apart, skipped):
         """apart: the names of those tests, or True for all."""

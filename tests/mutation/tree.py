@@ -85,7 +85,8 @@ class Tree:
 
 def does_not_compile(output):
     """Whether what failed is the mutation, and not the machine."""
-    return "FAILED: " in output and not re.search(r"No space left|Killed signal|out of memory", output)
+    machine = r"No space left|Killed signal|out of memory"
+    return "FAILED: " in output and not re.search(machine, output)
 
 
 def folder_of(root):
