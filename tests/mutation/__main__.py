@@ -208,7 +208,9 @@ def main():
     known = results.Results(folder / "results.jsonl", results.state_of(asked.root),
                             asked.trust_kills)
     if asked.known:
+        count = len(mutations)
         mutations = [mutation for mutation in mutations if known.of(mutation)]
+        say(f"{len(mutations)} of {count} have been tried")
     else:
         try_all(asked.root, asked.jobs, in_order_of_trying(mutations), known, arguments)
     return 0 if summary(mutations, known, arguments) else 1
