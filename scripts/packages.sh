@@ -8,6 +8,7 @@ test_packages=(bash-completion binutils busybox gnuplot-nox libgtest-dev libxml2
     valgrind)
 coverage_packages=(gcovr)
 mutation_packages=(git python3)
+fuzz_packages=(clang-14 libclang-rt-14-dev)
 lint_packages=(clang clang-format clang-tidy git libbenchmark-dev lua-check shellcheck)
 picture_packages=(gnuplot-nox)
 bench_packages=(gnuplot-nox hyperfine libbenchmark-dev lua5.1 python3 valgrind)

@@ -115,7 +115,7 @@ def test_no_reference_is_made_where_there_is_no_folder(tmp_path):
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
-    verbs = ("run", "edit", "test", "arm", "board", "coverage", "mutate", "lint", "picture",
+    verbs = ("run", "edit", "test", "arm", "board", "coverage", "mutate", "fuzz", "lint", "picture",
              "reference", "package", "bench", "size")
     assert all(f"\n  {verb} " in done.stdout for verb in verbs)
 
