@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// The standard streams of the program, in memory.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Gives the program this as its standard input, and keeps what it writes. Until endStreams().
+void beginStreams(std::string_view input);
+
+struct Written {
+    std::string out;
+    std::string err;
+    bool whole = true; // false where it was too much to be kept
+};
+
+// Gives the process its own streams back.
+Written endStreams();
