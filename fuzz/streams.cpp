@@ -71,6 +71,15 @@ const Streams &ours()
 
 const Streams theirs = {stdin, stdout, stderr};
 
+void clearWritten()
+{
+    for (std::string *const text : {&written.out, &written.err}) {
+        text->clear();
+        text->reserve(mostKept);
+    }
+    written.whole = true;
+}
+
 } // namespace
 
 void beginStreams(std::string_view input)
@@ -78,22 +87,26 @@ void beginStreams(std::string_view input)
     const Streams &streams = ours();
     unread = input;
     std::clearerr(streams.in);
-    for (std::string *const text : {&written.out, &written.err}) {
-        text->clear();
-        text->reserve(mostKept);
-    }
-    written.whole = true;
+    clearWritten();
     streams.takeTheirPlace();
+}
+
+Written takeWritten()
+{
+    std::fflush(stdout);
+    std::fflush(stderr);
+    const Written taken = written;
+    clearWritten();
+    return taken;
 }
 
 Written endStreams()
 {
-    std::fflush(stdout);
-    std::fflush(stderr);
+    const Written taken = takeWritten();
     unread = {};
     // Takes what is still buffered.
     while (std::getc(stdin) != EOF) {
     }
     theirs.takeTheirPlace();
-    return written;
+    return taken;
 }

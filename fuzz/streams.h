@@ -14,5 +14,8 @@ struct Written {
     bool whole = true; // false where it was too much to be kept
 };
 
-// Gives the process its own streams back.
+// What has been written since the beginning, or since the last call of this.
+Written takeWritten();
+
+// As takeWritten(), and gives the process its own streams back.
 Written endStreams();
