@@ -15,7 +15,7 @@
 namespace
 {
 
-Cells *functionCells;
+Cells *functionCells; // null where the target has none
 enum FunctionOutcome : std::size_t { succeeds, isRefused, reads };
 
 const std::vector<std::string> functionNames = {
@@ -110,6 +110,13 @@ void note(std::string &answers, char **list)
     answers += list != nullptr ? "list" : "null";
 }
 
+void count(std::size_t row, FunctionOutcome outcome)
+{
+    if (functionCells != nullptr) {
+        functionCells->count(row, outcome);
+    }
+}
+
 template <class Result, class... Parameters>
 void call(std::size_t row, Result (*function)(Parameters...), Arguments &arguments,
           std::string &answers)
@@ -120,14 +127,14 @@ void call(std::size_t row, Result (*function)(Parameters...), Arguments &argumen
     answers += ' ';
     if constexpr (std::is_same_v<Result, RadioReturn>) {
         note(answers, result);
-        functionCells->count(row, result == RADIO_ESUCCESS ? succeeds : isRefused);
+        count(row, result == RADIO_ESUCCESS ? succeeds : isRefused);
     } else {
         if constexpr (std::is_integral_v<Result>) {
             note(answers, static_cast<std::int64_t>(result));
         } else {
             note(answers, result);
         }
-        functionCells->count(row, reads);
+        count(row, reads);
     }
 }
 

@@ -14,7 +14,7 @@ const char *inputFile(std::string_view content);
 // A number that depends on the input, and on nothing else.
 std::uint32_t seedOf(std::string_view input);
 
-// Makes the tables of the functions that callFunctions() calls.
+// Makes a table of the functions that callFunctions() calls, for a target that is to call them all.
 void prepareFunctionCells();
 
 // Calls functions of the driver with arguments at random: count calls, each of any function but
