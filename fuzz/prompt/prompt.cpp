@@ -17,6 +17,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <lua.hpp>
 
 namespace
@@ -41,6 +43,7 @@ struct Observed {
 };
 
 Observed observed;
+std::string tameLua;
 
 constexpr int instructionsBetweenHooks = 1000;
 constexpr int mostHooks = 100;
@@ -133,7 +136,8 @@ void prepareState(lua_State *L)
     openSocketLibrary(L);
     registerRadioInternal(L);
     endOpening(L);
-    if (luaL_loadfile(L, TAME_LUA) != 0 || __real_lua_pcall(L, 0, 0, 0) != 0) {
+    if (__real_luaL_loadbuffer(L, tameLua.data(), tameLua.size(), "tame.lua") != 0 ||
+        __real_lua_pcall(L, 0, 0, 0) != 0) {
         failTarget(lua_tostring(L, -1));
     }
 }
@@ -189,6 +193,8 @@ void prepareTarget()
     unsetenv("SOREL_SIM_TRACE");
     unsetenv("SOREL_SIM_LOG");
     unsetenv("LUA_INIT");
+    std::ifstream file(TAME_LUA);
+    tameLua.assign(std::istreambuf_iterator<char>(file), {});
     lineCells = new Cells("line",
                           {"empty", "exit", "quit", "exit()", "quit()", "nearly a word", "help",
                            "ended by a zero byte", "198 bytes", "control bytes", "bytes above 127",

@@ -16,7 +16,7 @@
 namespace
 {
 
-constexpr int callCount = 60;
+constexpr int callCount = 100;
 constexpr std::size_t mostReported = 100;
 
 Cells *keyCells;
