@@ -112,6 +112,20 @@ def test_no_reference_is_made_where_there_is_no_folder(tmp_path):
     assert (done.stderr, done.returncode) == (f"dev: there is no folder '{tmp_path}/none'\n", 1)
 
 
+def test_only_what_is_there_is_fuzzed():
+    done = dev("fuzz", "nothing")
+    assert done.returncode == 1
+    assert done.stderr.startswith("dev: there is no target 'nothing'; there are: ")
+    assert " prompt " in done.stderr
+
+
+def test_fuzzing_takes_a_number_of_seconds():
+    for arguments in (("prompt", "long"), ("prompt", "0"), ("prompt", "1", "2")):
+        done = dev("fuzz", *arguments)
+        assert (done.stderr, done.returncode) == (
+            "dev: fuzz takes a target and a number of seconds\n", 1)
+
+
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
