@@ -136,9 +136,10 @@ private:
         } else if (kind == text && !rule.names.empty()) {
             refuseUnless(rule.names.contains(**value.as_string()));
         } else if (kind == floatValue || (kind == integerValue && rule.key != "result")) {
-            // Not a number is in no range. Each limit that a double cannot hold is that of the
-            // type.
-            const double number = *value.value<double>();
+            // Not a number is in no range. Of the integers that no double holds none is near a
+            // limit but that of the type.
+            const double number = kind == floatValue ? **value.as_floating_point()
+                                                     : static_cast<double>(**value.as_integer());
             refuseUnless(number >= rule.lowest && number <= rule.highest);
         }
     }
@@ -162,7 +163,7 @@ private:
     // In billionths; what is about that near is not judged.
     void judgeTimes(const toml::table &signal)
     {
-        const auto end = signal["end"].value<double>();
+        const auto end = signal["end"].value<double>(); // none of an integer that no double holds
         const double start = signal["start"].value<double>().value_or(0);
         if (end && *end < start) {
             refuseUnless(false);
