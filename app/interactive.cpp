@@ -31,11 +31,30 @@ bool isExitWord(const char *line)
     return false;
 }
 
+void reportFailure(const char *message)
+{
+    std::fprintf(stderr, "failed to process stdin: \"%s\"\n", message);
+}
+
+// Reports the error value on top of the Lua stack. Lua's own text of a number would be a new
+// string, which can set the collector to work and so raise what a finaliser raises: here nothing
+// would catch that.
+void reportError(lua_State *L)
+{
+    if (lua_type(L, -1) == LUA_TNUMBER) {
+        char text[LUAI_MAXNUMBER2STR];
+        std::snprintf(text, sizeof text, LUA_NUMBER_FMT, lua_tonumber(L, -1));
+        reportFailure(text);
+    } else {
+        reportFailure(lua_tostring(L, -1));
+    }
+}
+
 // A failing text leaves its error value on the Lua stack.
 void runText(lua_State *L, const char *text)
 {
     if (luaL_loadbuffer(L, text, std::strlen(text), "stdin") != 0 || lua_pcall(L, 0, 0, 0) != 0) {
-        std::fprintf(stderr, "failed to process stdin: \"%s\"\n", lua_tostring(L, -1));
+        reportError(L);
     }
 }
 

@@ -113,6 +113,9 @@ def test_a_driver_message_is_shown_without_a_position():
         ("print", "(null)"),
         ("5", "5"),
         ("2.5", "2.5"),
+        ("-1e300 / 3", "-3.3333333333333e+299"),
+        ("2^53", "9.007199254741e+15"),
+        ("1/0", "inf"),
         ("''", ""),
         ("'100%s %d'", "100%s %d"),
         ("setmetatable({}, {__tostring = function() return 'text' end})", "(null)"),
@@ -120,6 +123,16 @@ def test_a_driver_message_is_shown_without_a_position():
 )
 def test_an_error_value_is_shown_if_it_is_a_text_or_a_number(value, shown):
     assert pipe(f"error({value}, 0)").err == FAILED.format(shown)
+
+
+def test_showing_a_number_does_not_set_off_finalisers_that_fail():
+    ran = pipe(
+        "for _ = 1, 9 do getmetatable(newproxy(true)).__gc = function() error('late') end end",
+        "collectgarbage('setstepmul', 1e6) collectgarbage('restart') error(5, 0)",
+        "print('still here')",
+    )
+    assert FAILED.format("5") in ran.err
+    assert "PANIC" not in ran.err
 
 
 def test_an_error_value_is_not_dropped():
