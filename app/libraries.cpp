@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "app/libraries.h"
 
+#include "app/guards.h"
+
 #include <lua.hpp>
 
 // Lua BitOp's header lacks C linkage for C++.
@@ -11,6 +13,11 @@ void openBitLibrary(lua_State *L)
     lua_pushcclosure(L, luaopen_bit, 0);
     lua_pushliteral(L, "bit");
     lua_call(L, 1, 0);
+    lua_getglobal(L, "bit");
+    if (lua_istable(L, -1)) {
+        guardBitFunctions(L);
+    }
+    lua_pop(L, 1);
 }
 
 void keepLoadedLibraries(lua_State *L)

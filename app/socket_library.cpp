@@ -9,6 +9,7 @@
 // - Its getsockname() returns the port as a string.
 // - It names another version.
 // What it has beyond 2.0.2 is left as it is.
+#include "app/guards.h"
 #include "app/libraries.h"
 
 #include <cstring>
@@ -152,6 +153,7 @@ void openSocketLibrary(lua_State *L)
     }
     if (const int core = lua_gettop(L); lua_istable(L, core)) {
         offerVersion202(L, core);
+        guardSocketFunctions(L);
         shareWithRequire(L, core);
     }
     lua_settop(L, top);

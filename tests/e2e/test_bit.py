@@ -2,7 +2,7 @@
 """The global bit, for register arithmetic."""
 
 import pytest
-from shell import lua
+from shell import lua, raised
 
 NAMES = "tobit bnot band bor bxor lshift rshift arshift rol ror bswap tohex"
 
@@ -30,10 +30,26 @@ def test_it_has_twelve_functions():
         ("tohex(-1)", "ffffffff"),
         ("tohex(255, 4)", "00ff"),
         ("tohex(171, -2)", "AB"),
+        ("tohex(171, -9)", "000000AB"),
+        ("tohex(171, -2^31)", "000000AB"),
+        ("tohex(171, 2^31)", "000000AB"),
+        ("tohex(171, '-2147483648')", "000000AB"),
+        ("tohex(171, 2^32 + 2)", "ab"),
     ],
 )
 def test_numbers_are_of_32_bits(expression, value):
     assert lua(f"print(bit.{expression})").out == value + "\n"
+
+
+@pytest.mark.parametrize(
+    "call, message",
+    [
+        ("tohex()", "bad argument #1 to 'tohex' (number expected, got no value)"),
+        ("tohex(1, {})", "bad argument #2 to 'tohex' (number expected, got table)"),
+    ],
+)
+def test_a_wrong_argument_is_named(call, message):
+    assert raised(f"bit.{call}").out.endswith(message)
 
 
 def test_a_register_word_keeps_its_bits_on_the_way_to_the_driver_and_back():

@@ -43,6 +43,23 @@ def test_skip_drops_the_first_values():
     )
 
 
+@pytest.mark.parametrize("count", ["-1", "-0.5", "-1e9", "2^31", "-1/0", "0/0"])
+def test_skip_gives_nothing_but_its_arguments(count):
+    ran = lua(f"print(pcall(function(...) return socket.skip({count}, ...) end, 'a', 'b'))")
+    assert ran.out == ("true\n" if count == "2^31" else "true\ta\tb\n")
+
+
+@pytest.mark.parametrize("call", ["skip()", "skip({})", "sleep()", "sleep({})"])
+def test_a_wrong_argument_is_named(call):
+    name = call.partition("(")[0]
+    assert f"bad argument #1 to '{name}' (number expected" in raised(f"socket.{call}").out
+
+
+@pytest.mark.parametrize("seconds", ["0/0", "-0/0", "'nan'", "-1", "-1/0"])
+def test_sleep_ends_for_what_is_no_time(seconds):
+    lua(f"socket.sleep({seconds})")
+
+
 def test_sleep_takes_its_time():
     ran = lua("local start = socket.gettime() socket.sleep(0.05) "
               "print(socket.gettime() - start >= 0.05)")
