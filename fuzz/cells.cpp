@@ -16,6 +16,7 @@ namespace
 using Counter = std::atomic<std::uint64_t>;
 
 constexpr std::size_t mostCells = std::size_t{1} << 17;
+constexpr std::size_t mostColumnsPrinted = 20;
 
 std::size_t usedCells = 0;
 std::vector<const Cells *> tables;
@@ -86,6 +87,35 @@ std::size_t Cells::size() const
 }
 
 std::size_t Cells::print() const
+{
+    return columns_.size() > mostColumnsPrinted ? printRows() : printWhole();
+}
+
+// Of each row, how many of its cells were met, and the names of those that were not.
+std::size_t Cells::printRows() const
+{
+    std::printf("%s, and how many kinds of value each has met\n", title_.c_str());
+    std::size_t allEmpty = 0;
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        std::size_t all = 0;
+        std::size_t empty = 0;
+        std::string missing;
+        for (std::size_t column = 0; column < columns_.size(); ++column) {
+            const std::size_t cell = row * columns_.size() + column;
+            all += leftOut_[cell] ? 0 : 1;
+            if (!leftOut_[cell] && counter(first_ + cell) == 0) {
+                ++empty;
+                missing += (missing.empty() ? "  EMPTY: " : ", ") + columns_[column];
+            }
+        }
+        std::printf("%3zu of %zu  %s%s\n", all - empty, all, rows_[row].c_str(), missing.c_str());
+        allEmpty += empty;
+    }
+    std::puts("");
+    return allEmpty;
+}
+
+std::size_t Cells::printWhole() const
 {
     std::size_t label = title_.size();
     for (const std::string &row : rows_) {

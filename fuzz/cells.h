@@ -30,6 +30,9 @@ public:
     std::size_t size() const;
 
 private:
+    std::size_t printWhole() const;
+    std::size_t printRows() const; // of a table with many columns
+
     std::string title_;
     std::vector<std::string> rows_;
     std::vector<std::string> columns_;
