@@ -2,13 +2,14 @@
 """What the manual page says, held against the program and the drivers."""
 
 import re
+from signal import SIGABRT, SIGSEGV
 
 import pytest
 from manual import examples, listed, section, text
 from options import options
 from sessions import bash_with_shell, replay
-from shell import (EXECUTABLE, FORWARDING, PROMPT, SIMULATION, SOURCE, assert_aborted, lua, pipe,
-                   raised, run)
+from shell import (COMMAND, EXECUTABLE, FORWARDING, PROMPT, SIMULATION, SOURCE, assert_aborted, lua,
+                   pipe, raised, run)
 
 USAGE_STATUS = 64
 
@@ -178,6 +179,23 @@ def test_integers_of_a_32_bit_board_are_what_it_says():
     assert "%.0f" in caveats and lua("print(2655000000, ('%.0f'):format(2655000000))").out == (
         "2655000000\t2655000000\n"
     )
+
+
+FAULTS = {
+    "string.find": "pattern_recursion",
+    "unpack": "unpack_overflow",
+    "compiled code": "malformed_code",
+    "socket.select": "select_descriptor",
+}
+
+
+@pytest.mark.skipif(len(COMMAND) > 1, reason="an emulator has a stack and signals of its own")
+@pytest.mark.parametrize("named, file", FAULTS.items())
+def test_mistakes_of_the_libraries_own_end_the_shell_as_it_says(named, file):
+    assert named in section("CAVEATS")
+    ran = run("-b", str(SOURCE / "fuzz" / "stock_lua_faults" / f"{file}.lua"))
+    assert ran.status in (-SIGSEGV, -SIGABRT)
+    assert "radioClose" not in "".join(ran.log)
 
 
 def test_the_examples_print_what_they_show(tmp_path):
