@@ -12,6 +12,7 @@ from debian import (
     field, file_of, names, output, unpack,
 )
 from elf import values
+from hardening import missing_in_file
 
 # Where the libraries that programs may need come from.
 PACKAGE_OF = {
@@ -148,6 +149,13 @@ def test_programs_are_of_the_architecture_and_stripped(package, architecture, un
 def test_no_program_has_a_search_path_of_where_it_was_built(package, architecture, unpacked):
     for program in programs(package, TRIPLETS[architecture]):
         assert values(unpacked / program, "RUNPATH") + values(unpacked / program, "RPATH") == []
+
+
+@each_package
+@each_architecture
+def test_programs_are_hardened(package, architecture, unpacked):
+    for program in programs(package, TRIPLETS[architecture]):
+        assert missing_in_file(unpacked / program, fortified=True) == []
 
 
 @pytest.mark.parametrize("package", ("sorelapp", "libsorel-sim1"))
