@@ -50,12 +50,34 @@ void reportError(lua_State *L)
     }
 }
 
-// A failing text leaves its error value on the Lua stack.
+// Leaves what the text returns on the Lua stack, or its error value. Lua counts results as room
+// that the stack has, so that with them it has room however many error values there are already.
+int loadAndCall(lua_State *L, const char *text)
+{
+    const int status = luaL_loadbuffer(L, text, std::strlen(text), "stdin");
+    return status != 0 ? status : lua_pcall(L, 0, LUA_MULTRET, 0);
+}
+
+// Lua makes room on its stack before it compiles or calls, but for the error value of a lack of
+// memory, which it puts where the stack ends. Compiling anything makes room behind it, or fails
+// too.
+bool hasRoomOnStack(lua_State *L)
+{
+    return luaL_loadbuffer(L, "", 0, "stdin") == 0;
+}
+
+// A failing text leaves its error value on the Lua stack, as long as there is memory for that.
 void runText(lua_State *L, const char *text)
 {
-    if (luaL_loadbuffer(L, text, std::strlen(text), "stdin") != 0 || lua_pcall(L, 0, 0, 0) != 0) {
+    int top = lua_gettop(L);
+    const int status = loadAndCall(L, text);
+    if (status != 0) {
         reportError(L);
+        if (status != LUA_ERRMEM || hasRoomOnStack(L)) {
+            ++top;
+        }
     }
+    lua_settop(L, top);
 }
 
 void runLine(lua_State *L, const char *line)

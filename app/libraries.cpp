@@ -22,6 +22,7 @@ void openBitLibrary(lua_State *L)
 
 void keepLoadedLibraries(lua_State *L)
 {
+    lua_settop(L, 0); // the error values of the prompt may leave no room on the stack
     // The metatable of the handles that Lua keeps of loaded libraries; collecting one unloads it.
     luaL_getmetatable(L, "_LOADLIB");
     if (lua_istable(L, -1)) {
