@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
-# ./dev picture, bench and size: what is measured.
+# ./dev picture, bench, size and soak: what is measured.
 
 # Always on the simulated board of this tree, whatever the shell stands on otherwise.
 draw_picture() {
@@ -38,4 +38,10 @@ measure_size() {
     exec /usr/bin/python3 -B "$root/bench/size" \
         "$(dpkg --print-architecture)=$root/build/release/bench/size/tree.json" \
         "armhf=$root/build/release-arm/bench/size/tree.json" "$@"
+}
+
+soak() {
+    prepare release python3
+    export PYTHONPATH=$root/bench/size:$root/bench/speed
+    exec /usr/bin/python3 -B "$root/bench/soak" "$@" "$root/build/release/bench/size/tree.json"
 }

@@ -130,7 +130,7 @@ def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
     verbs = ("run", "edit", "test", "arm", "board", "coverage", "mutate", "fuzz", "lint", "picture",
-             "reference", "package", "bench", "size")
+             "reference", "package", "bench", "size", "soak")
     assert all(f"\n  {verb} " in done.stdout for verb in verbs)
 
 
