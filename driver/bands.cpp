@@ -175,7 +175,7 @@ uint32_t gsmFrequency(RadioBand band, bool isDownlink, uint16_t channel)
     for (const GsmBand &row : gsmBands)
         if (row.band == band && holds(row.channels, channel)) {
             const uint32_t steps = channel - uint32_t{row.channels.first};
-            return (row.firstUplink + (isDownlink ? row.duplexDistance : 0u)) * hundredKilohertz +
+            return (row.firstUplink + (isDownlink ? row.duplexDistance : 0U)) * hundredKilohertz +
                    steps * twoHundredKilohertz;
         }
     return 0;

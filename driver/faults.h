@@ -17,7 +17,7 @@ namespace sorel
 extern bool anyFaults;
 
 // The faults of that scenario are those of the process from now on, none for null. Counting starts.
-void startFaults(std::shared_ptr<const Scenario> scenario);
+void startFaults(std::shared_ptr<const Scenario> next);
 
 // The parts of befall() and endure() for a process with faults.
 const Fault *countCall(const char *function, FrontEnd *frontEnd);

@@ -105,7 +105,7 @@ FrontEnd switchedOn(const Platform &platform, const Scenario &scenario)
     frontEnd.scenario = &scenario;
     frontEnd.random = {scenario.seed};
     frontEnd.selected = RADIO_SELECT_ALL;
-    frontEnd.oscillatorDac = static_cast<uint16_t>(1u << (platform.dacWidth - 1));
+    frontEnd.oscillatorDac = static_cast<uint16_t>(1U << (platform.dacWidth - 1));
     frontEnd.thermal.nanodegrees = settledNanodegrees(frontEnd);
     return frontEnd;
 }

@@ -146,7 +146,7 @@ uint32_t readLocks(FrontEnd &frontEnd, uint32_t)
 {
     if (!frontEnd.setup.mode)
         return 0;
-    return (isTxLocked(frontEnd) ? 1u : 0u) | (isRxLocked(frontEnd) ? 2u : 0u);
+    return (isTxLocked(frontEnd) ? 1U : 0U) | (isRxLocked(frontEnd) ? 2U : 0U);
 }
 
 uint32_t readTxInteger(FrontEnd &frontEnd, uint32_t)

@@ -83,8 +83,8 @@ const char *parseDelay(std::string_view &line, Step &step, Script &script)
     if (!parseNumber(takeWord(line), count))
         return notANumber;
     const std::string_view name = takeWord(line);
-    const auto unit = std::find_if(std::begin(units), std::end(units),
-                                   [&](const Unit &row) { return row.name == name; });
+    const auto *const unit = std::find_if(std::begin(units), std::end(units),
+                                          [&](const Unit &row) { return row.name == name; });
     if (unit == std::end(units))
         return "not a unit of time: us, ms or s";
     step.duration = count * unit->nanoseconds;

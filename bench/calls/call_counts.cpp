@@ -28,7 +28,7 @@ int pushLines(lua_State *L)
     char function[lineSize];
     int text = 0;
     while (std::fgets(line, sizeof line, stdin) != nullptr) {
-        if (std::sscanf(line, "%s %s %n", table, function, &text) != 2) {
+        if (std::sscanf(line, "%399s %399s %n", table, function, &text) != 2) {
             std::fprintf(stderr, "not a line: %s", line);
             std::exit(EXIT_FAILURE);
         }

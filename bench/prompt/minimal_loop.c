@@ -37,6 +37,7 @@ int main(void)
         }
         if (luaL_loadbuffer(L, line, length, "stdin") != 0 || lua_pcall(L, 0, 0, 0) != 0) {
             fprintf(stderr, "%s\n", lua_tostring(L, -1));
+            free(line);
             return EXIT_FAILURE;
         }
         free(line);

@@ -63,7 +63,7 @@ void Line::putQuoted(const char *text, std::size_t longest)
 {
     put('"');
     std::size_t length = 0;
-    for (; text[length] && length < longest; ++length)
+    for (; length < longest && text[length]; ++length)
         putByte(static_cast<unsigned char>(text[length]));
     put('"');
     if (text[length])
