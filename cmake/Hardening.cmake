@@ -10,7 +10,7 @@ unset(CMAKE_REQUIRED_FLAGS)
 
 # The checks of the C library need the optimiser, and know of objects what a sanitizer knows better.
 set(fortified "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")
-if("${CMAKE_C_FLAGS} ${CMAKE_CXX_FLAGS}" MATCHES "-fsanitize=")
+if(SORELAPP_FUZZING OR "${CMAKE_C_FLAGS} ${CMAKE_CXX_FLAGS}" MATCHES "-fsanitize=")
     set(fortified 0)
 endif()
 

@@ -61,7 +61,6 @@ void *Blocks::change(void *block, std::size_t oldSize, std::size_t newSize)
         return nullptr;
     }
     if (used_ - oldSize + newSize > mostMemory) {
-        refused = true;
         return nullptr;
     }
     blocks_.erase(block);

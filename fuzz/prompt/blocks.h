@@ -17,8 +17,6 @@ public:
 
     void *change(void *block, std::size_t oldSize, std::size_t newSize);
 
-    bool refused = false; // at least once
-
 private:
     std::unordered_set<void *> blocks_;
     std::size_t used_ = 0;

@@ -151,15 +151,13 @@ class Line:
     driver: object = RECORDING
 
 
-NUMBER = Line("error(12, 0)", err=failed("12"), once=[("", failed()), End(2 * PROMPT, panic(), 1)])
-
 LINES = {
     "good": Line("print('a' .. 1)", out="a1\n"),
     "not compiling": Line("x = = 1",
                           err=failed("[string \"stdin\"]:1: unexpected symbol near '='")),
     "raising": Line("error('a' .. 1)", err=failed('[string "stdin"]:1: a1')),
     "raising a table": Line("error({})", err=failed("(null)")),
-    "raising a number": NUMBER,
+    "raising a number": Line("error(12, 0)", err=failed("12")),
     "help": Line("help", err=failed("[string \"stdin\"]:1: attempt to call global 'help' "
                                     "(a nil value)")),
     "empty": Line("", once=[]),

@@ -10,6 +10,8 @@ WRAPPERS = ["binding_radio_differential_test"]
 FIRST = {
     "app/context.cpp": ["app_context_test", "e2e.context", "e2e.start_up"],
     "app/context.h": ["app_context_test"],
+    "app/guards.cpp": ["e2e.bit", "e2e.socket"],
+    "app/guards.h": ["e2e.bit"],
     "app/interactive.cpp": ["app_interactive_test", "e2e.prompt", "e2e.line_reader"],
     "app/interactive.h": ["app_interactive_test"],
     "app/libraries.cpp": ["app_libraries_test", "e2e.bit"],
