@@ -3,7 +3,7 @@
 
 build_packages=(cmake g++ ninja-build pkg-config
     liblua5.1-0-dev lua-bitop-dev lua-socket-dev libtomlplusplus-dev)
-test_packages=(bash-completion binutils busybox gnuplot-nox libgtest-dev libxml2-utils
+test_packages=(bash-completion binutils busybox git gnuplot-nox libgtest-dev libxml2-utils
     lua-check lua-socket lua-unit lua5.1 man-db mandoc python3-pexpect python3-pytest rlwrap
     valgrind)
 coverage_packages=(gcovr)
