@@ -10,7 +10,7 @@ from signal import SIGHUP, SIGINT, SIGKILL, SIGTERM
 
 import pytest
 from allocations import runs_with_each_failing
-from shell import (COMMAND, ODD_DRIVERS, RECORDING, SECONDS, SOURCE, Ran, environment, lines_of,
+from shell import (COMMAND, EMULATED, ODD_DRIVERS, RECORDING, SECONDS, SOURCE, Ran, environment, lines_of,
                    pipe, preloading, run)
 
 PAGE = (SOURCE / "docs/reliability.md").read_text()
@@ -77,9 +77,10 @@ ENDS = {
 }
 
 
-def rows(heading):
-    """The rows of the table below a heading, as lists of cells."""
+def rows(heading, first=""):
+    """The rows of the table below a heading whose own first cell is that, as lists of cells."""
     _, _, below = PAGE.partition(f"\n## {heading}\n")
+    below = below[below.index(f"\n| {first}"):]
     table = re.search(r"(?:^\|.*\n)+", below, re.MULTILINE)[0].splitlines()
     return [[cell.strip() for cell in re.split(r"(?<!\\)\|", row)[1:-1]] for row in table[2:]]
 
@@ -129,3 +130,22 @@ def test_a_pipe_that_nobody_reads_is_no_end(tmp_path):
         ran = ended(process, tmp_path)
     os.close(writer)
     assert (ran.status, ran.log[-1]) == (0, "radioClose(context1)")
+
+
+def test_the_budgets_are_those_of_ci():
+    budgets = {cells[0].strip("`"): cells[1] for cells in rows("How it is tried", "step")}
+    steps = re.findall(r"^step (\d+) (.+)$", (SOURCE / ".ci/run").read_text(), re.MULTILINE)
+    assert budgets == {command: minutes for minutes, command in steps}
+    assert sum(map(int, budgets.values())) <= 60
+
+
+@pytest.mark.skipif(EMULATED, reason="some tests are not run by an emulator")
+def test_every_test_that_it_names_is_there():
+    listed = subprocess.run(["ctest", "--test-dir", os.environ["SORELAPP_BUILD_DIR"], "-N"],
+                            capture_output=True, text=True, check=True).stdout
+    tests = re.findall(r"^ *Test +#\d+: (.+)$", listed, re.MULTILINE)
+    named = [name for cells in rows("How it is tried", "promise")
+             for name in re.findall("`([^`]+)`", cells[2])]
+    assert len(named) > 15
+    assert [name for name in named
+            if not any(re.search(rf"(^|/){re.escape(name)}($|\.)", test) for test in tests)] == []
