@@ -2,8 +2,9 @@
 // Calls that set and get take no memory: on a board they may come from where none must be taken.
 //
 // The functions below stand in for the C library's in the whole process, the driver included: its
-// own operator new ends in malloc().
+// own operator new ends in malloc(). That of the address sanitizer does not, but tells who asks.
 #include "scenario_fixture.h"
+#include "tests/support/next_function.h"
 
 #include <cerrno>
 
@@ -14,52 +15,60 @@ int allocations = 0;
 
 } // namespace
 
-extern "C" {
+#ifdef __SANITIZE_ADDRESS__
 
-// The C library's own, which glibc exports for this.
-void *__libc_malloc(size_t size);
-void *__libc_calloc(size_t count, size_t size);
-void *__libc_realloc(void *block, size_t size);
-void *__libc_memalign(size_t alignment, size_t size);
+// GCC comes without the header.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*made)(const volatile void *,
+                                                                      size_t),
+                                                         void (*freed)(const volatile void *));
+
+const int hooks = __sanitizer_install_malloc_and_free_hooks(
+    [](const volatile void *, size_t) { ++allocations; }, [](const volatile void *) {});
+
+#else
+
+extern "C" {
 
 void *malloc(size_t size)
 {
     ++allocations;
-    return __libc_malloc(size);
+    return NEXT_FUNCTION(malloc)(size);
 }
 
 void *calloc(size_t count, size_t size)
 {
     ++allocations;
-    return __libc_calloc(count, size);
+    return NEXT_FUNCTION(calloc)(count, size);
 }
 
 void *realloc(void *block, size_t size)
 {
     ++allocations;
-    return __libc_realloc(block, size);
+    return NEXT_FUNCTION(realloc)(block, size);
 }
 
 void *memalign(size_t alignment, size_t size)
 {
     ++allocations;
-    return __libc_memalign(alignment, size);
+    return NEXT_FUNCTION(memalign)(alignment, size);
 }
 
 void *aligned_alloc(size_t alignment, size_t size)
 {
     ++allocations;
-    return __libc_memalign(alignment, size);
+    return NEXT_FUNCTION(memalign)(alignment, size);
 }
 
 int posix_memalign(void **block, size_t alignment, size_t size)
 {
     ++allocations;
-    *block = __libc_memalign(alignment, size);
+    *block = NEXT_FUNCTION(memalign)(alignment, size);
     return *block ? 0 : ENOMEM;
 }
 
 } // extern "C"
+
+#endif
 
 namespace sorel_tests
 {

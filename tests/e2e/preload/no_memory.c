@@ -1,14 +1,12 @@
 /* SPDX-License-Identifier: LicenseRef-Proprietary */
 /* There is no block of as many bytes as FAILING_MALLOC or FAILING_CALLOC says; all other sizes are
  * served. FAILING_CALLOC=pointers stands for the size of two pointers. */
+#include "tests/support/next_function.h"
+
 #include <errno.h>
 #include <stddef.h>
 #include <stdlib.h>
 #include <string.h>
-
-/* The C library's own, under the names by which such a library as this one reaches them. */
-void *__libc_malloc(size_t size);
-void *__libc_calloc(size_t count, size_t size);
 
 static int fails(const char *variable, size_t size)
 {
@@ -28,7 +26,7 @@ void *malloc(size_t size)
         errno = ENOMEM;
         return NULL;
     }
-    return __libc_malloc(size);
+    return NEXT_FUNCTION(malloc)(size);
 }
 
 void *calloc(size_t count, size_t size)
@@ -37,5 +35,5 @@ void *calloc(size_t count, size_t size)
         errno = ENOMEM;
         return NULL;
     }
-    return __libc_calloc(count, size);
+    return NEXT_FUNCTION(calloc)(count, size);
 }
