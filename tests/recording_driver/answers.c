@@ -95,10 +95,16 @@ static long long wholeInteger(const struct Answer *answer, long long least, long
     return value;
 }
 
-/* A copy without the quotes, of as many times as the text says in front of them. It is never freed:
- * the library's texts outlive the call. */
+/* What is never freed: the library's texts outlive the call. */
+struct KeptText {
+    struct KeptText *before;
+    char text[];
+};
+
+/* A copy without the quotes, of as many times as the text says in front of them. */
 static const char *quoted(const char *text)
 {
+    static struct KeptText *last;
     char *first = strchr(text, '"');
     const size_t length = first != NULL ? strlen(first) : 0;
     if (length < 2 || first[length - 1] != '"') {
@@ -112,15 +118,17 @@ static const char *quoted(const char *text)
             die("not a number of times", text);
         }
     }
-    char *copy = malloc(times * (length - 2) + 1);
-    if (copy == NULL) {
+    struct KeptText *const kept = malloc(sizeof *kept + times * (length - 2) + 1);
+    if (kept == NULL) {
         die("no memory for", text);
     }
+    kept->before = last;
+    last = kept;
     for (size_t i = 0; i < times; ++i) {
-        memcpy(copy + i * (length - 2), first + 1, length - 2);
+        memcpy(kept->text + i * (length - 2), first + 1, length - 2);
     }
-    copy[times * (length - 2)] = '\0';
-    return copy;
+    kept->text[times * (length - 2)] = '\0';
+    return kept->text;
 }
 
 RadioReturn answerStatus(const char *function)
