@@ -16,7 +16,8 @@ why_configure() {
         echo "it is new"
     elif [ "$(cached "$tree" CMAKE_HOME_DIRECTORY)" != "$root" ]; then
         echo "it has moved"
-    elif [ "$root/build/sysroot/${architectures[$preset]-none}/contents" -nt "$tree/CMakeCache.txt" ]; then
+    elif [ "$root/build/sysroot/${architectures[$preset]-none}/contents" -nt "$tree/CMakeCache.txt" ] ||
+        [ "$root/build/checked-lua/$preset/contents" -nt "$tree/CMakeCache.txt" ]; then
         echo "its libraries are new"
     elif [ "$(cached "$tree" SOREL_LIBRARY)" != "$driver_library" ] ||
         [ "$(cached "$tree" SOREL_INCLUDE_DIR)" != "$driver_header" ]; then
@@ -61,6 +62,7 @@ prepare() {
         need_packages "${build_packages[@]}" ${architecture:+"${cross_compilers[$architecture]}"} \
             "${@:2}"
         need_sysroot "$architecture"
+        [ "$1" != asan ] || need_checked_lua
         build "$1"
     ) 9>"$root/build/.lock"
 }

@@ -9,6 +9,8 @@ test_packages=(bash-completion binutils busybox git gnuplot-nox libgtest-dev lib
 coverage_packages=(gcovr)
 mutation_packages=(git python3)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
+checked_lua_packages=(dpkg-dev)
+valgrind_packages=(libc6-dbg)
 lint_packages=(clang clang-format clang-tidy cppcheck git libbenchmark-dev lua-check shellcheck)
 picture_packages=(gnuplot-nox)
 bench_packages=(gnuplot-nox hyperfine libbenchmark-dev lua5.1 python3 valgrind)
@@ -60,4 +62,14 @@ need_sysroot() {
     [ -d "$root/build/sysroot/$architecture" ] || say "fetching the libraries of $architecture"
     logged "$root/cmake/toolchains/debian-sysroot" "$architecture" ||
         fail "there are no libraries of $architecture to build with"
+}
+
+# The Lua that programs with sanitizers run on. In its own code integers may overflow, which it means
+# to wrap (luaH_getnum), doubles become integers whatever they are (lua_number2integer), and no bytes
+# are copied from a null pointer (file:read(0)): so is every Lua 5.1.
+need_checked_lua() {
+    local folder=$root/build/checked-lua/asan
+    [ -d "$folder" ] || say "building Lua with its own checks"
+    logged "$root/cmake/checked-lua" "$folder" -fwrapv -fsanitize=address,undefined \
+        -fno-sanitize=nonnull-attribute -fsanitize-undefined-trap-on-error || fail "there is no Lua with its own checks"
 }

@@ -129,8 +129,8 @@ def test_fuzzing_takes_a_number_of_seconds():
 def test_without_a_verb_it_lists_them():
     done = dev()
     assert done.returncode == 0
-    verbs = ("run", "edit", "test", "arm", "board", "coverage", "mutate", "fuzz", "lint", "picture",
-             "reference", "package", "bench", "size", "soak")
+    verbs = ("run", "edit", "test", "arm", "asan", "valgrind", "board", "coverage", "mutate", "fuzz",
+             "lint", "picture", "reference", "package", "bench", "size", "soak")
     assert all(f"\n  {verb} " in done.stdout for verb in verbs)
 
 

@@ -119,7 +119,10 @@ def preloading(library, driver=RECORDING):
     path = loaded | {"LD_LIBRARY_PATH": f"{loaded['LD_LIBRARY_PATH']}:{PRELOAD}"}
     if EMULATED:
         return path | {"QEMU_SET_ENV": f"LD_PRELOAD={library}"}
-    return path | {"LD_PRELOAD": library}
+    # The address sanitizer, too, would be first. Such a library hands on to it.
+    sanitizer = f"{os.environ.get('ASAN_OPTIONS', '')}:verify_asan_link_order=0"
+    suppressions = f"suppressions='{SOURCE}/tests/e2e/preload/loader.supp':print_suppressions=0"
+    return path | {"LD_PRELOAD": library, "ASAN_OPTIONS": sanitizer, "LSAN_OPTIONS": suppressions}
 
 
 def run(*arguments, stdin="", answers="", driver=RECORDING, cwd=None, **more):

@@ -5,6 +5,7 @@ Environment, besides that of installation.py and shell.py, whose executable is t
     INSTALL_PREFIX   where to install; its name has a blank
     INSTALL_LIBDIR   the folder of libraries there
     C_COMPILER       the build tree's C compiler
+    C_FLAGS          what the build tree compiles all of C with
     TOOLCHAIN_FILE   its toolchain file, or nothing
 """
 
@@ -111,7 +112,7 @@ def test_a_program_is_compiled_with_what_pkg_config_says(tmp_path):
     # As make does: what pkg-config says becomes part of the line, whose quoting it knows.
     line = re.sub(r"\$\(.*\)", lambda _: flags.strip(), line)
     line = line.replace("temperature.c", f"'{EXAMPLE}/temperature.c'")
-    output("sh", "-c", f"{os.environ['C_COMPILER']} {line}", cwd=tmp_path)
+    output("sh", "-c", f"{os.environ['C_COMPILER']} {os.environ['C_FLAGS']} {line}", cwd=tmp_path)
     assert_runs(tmp_path / "temperature", env=os.environ | {"LD_LIBRARY_PATH": str(LIBRARIES)})
 
 
