@@ -68,6 +68,7 @@ TEST_F(Script, nothing_of_a_script_that_does_not_parse_is_done)
         "write 0x10 0x100000000",
         "write 0x10 -0x1",
         "write 0x10 0x-1",
+        "write 0x10 0x-0",
         "Write 0x10 1",
         "write 0x10 +1",
         "write 0x10 1;",
