@@ -95,14 +95,13 @@ using namespace sorel;
 
 // C++ has no way to define a function by the type that sorel.h declares it with. An indirect
 // function is defined by a declaration alone: the loader asks the resolver for its address.
-// clang-tidy would have the name there in parentheses, of which GCC warns.
 extern "C" {
 #define FUNCTION(name)                                                                             \
     decltype(&(name)) resolve_##name()                                                             \
     {                                                                                              \
         return forwarderOf<name##Index>(&(name));                                                  \
     }                                                                                              \
-    decltype(name) name /* NOLINT(bugprone-macro-parentheses) */                                   \
+    decltype(name) name /* NOLINT(bugprone-macro-parentheses): GCC warns of them there */          \
         __attribute__((ifunc("resolve_" #name)));
 #include "../functions.inc"
 #undef FUNCTION

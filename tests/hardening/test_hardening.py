@@ -84,7 +84,7 @@ def test_a_flaw_would_be_seen(program, missing):
     assert missing_in_file(FLAWED / program, FORTIFIED) == [missing]
 
 
-@pytest.mark.skipif(not FORTIFIED, reason="files of this tree do not show it")
+@pytest.mark.skipif(not FORTIFIED, reason="files of clang, and those not optimised, do not show it")
 def test_code_that_is_not_fortified_would_be_seen():
     assert missing_in_file(FLAWED / "unfortified", True) == ["fortified calls of the C library"]
 

@@ -2,28 +2,16 @@
 /* Counts the blocks of as many bytes as COUNTED_MALLOC or COUNTED_CALLOC says, on standard error: a
  * line when one is made, a line when it is freed. COUNTED_CALLOC=pointers stands for the size of
  * two pointers. */
+#include "tests/e2e/preload/named_size.h"
 #include "tests/support/next_function.h"
 
 #include <stddef.h>
-#include <stdlib.h>
 #include <string.h>
 #include <unistd.h>
 
 enum { BLOCKS = 1000 };
 
 static void *blocks[BLOCKS];
-
-static int counts(const char *variable, size_t size)
-{
-    const char *value = getenv(variable);
-    if (value == NULL) {
-        return 0;
-    }
-    if (strcmp(value, "pointers") == 0) {
-        return size == 2 * sizeof(void *);
-    }
-    return size == strtoul(value, NULL, 10);
-}
 
 static void say(const char *text)
 {
@@ -54,12 +42,12 @@ static void *counted(void *block, int counts)
 
 void *malloc(size_t size)
 {
-    return counted(NEXT_FUNCTION(malloc)(size), counts("COUNTED_MALLOC", size));
+    return counted(NEXT_FUNCTION(malloc)(size), names_size("COUNTED_MALLOC", size));
 }
 
 void *calloc(size_t count, size_t size)
 {
-    return counted(NEXT_FUNCTION(calloc)(count, size), counts("COUNTED_CALLOC", count * size));
+    return counted(NEXT_FUNCTION(calloc)(count, size), names_size("COUNTED_CALLOC", count * size));
 }
 
 void free(void *block)
