@@ -4,6 +4,9 @@
 # said, and cells how often each cell of the tables was met.
 
 fuzz_seconds=60 # for each target, unless the person says otherwise
+# Of a run of all targets, so that in a fresh checkout, as in CI, each change is given the same
+# inputs and what fails is the change; 0 is another one each time.
+fuzz_seed=1
 
 list_fuzz_targets() {
     local file
@@ -12,15 +15,16 @@ list_fuzz_targets() {
     done
 }
 
-# Runs what is checked in, and then, for some seconds, what comes of it, in so many processes.
+# Runs what is checked in, and then, for some seconds, what comes of it, in so many processes, from
+# that seed of random numbers.
 fuzz_target() {
-    local name=$1 seconds=$2 processes=$3
+    local name=$1 seconds=$2 processes=$3 seed=$4
     local program=$root/build/fuzz/fuzz/$name/fuzz_$name source=$root/fuzz/$name
     local folder=$root/build/fuzz/$name
     mkdir -p "$folder/corpus" "$folder/crashes"
     rm -f "$folder/cells" "$folder/status"
     local inputs=("$source/corpus") options=(-timeout=20 -rss_limit_mb=2048 -print_final_stats=1
-        "-artifact_prefix=$folder/crashes/")
+        "-seed=$seed" "-artifact_prefix=$folder/crashes/")
     [ ! -d "$source/regressions" ] || inputs+=("$source/regressions")
     [ ! -f "$source/dictionary" ] || options+=("-dict=$source/dictionary")
     [ ! -f "$source/options" ] || mapfile -t -O ${#options[@]} options <"$source/options"
@@ -86,14 +90,16 @@ run_fuzz() {
     [[ $# -le 2 && $seconds =~ ^[1-9][0-9]*$ ]] || fail "fuzz takes a target and a number of seconds"
     prepare fuzz "${fuzz_packages[@]}"
     if [ $# -eq 2 ]; then
-        fuzz_target "$1" "$seconds" "$(nproc)"
+        fuzz_target "$1" "$seconds" "$(nproc)" 0
+    elif [ $# -eq 1 ]; then
+        fuzz_target "$1" "$seconds" 1 0
     else
         say "$((${#targets[@]})) targets, $seconds s each, two at a time"
         for name in "${targets[@]}"; do
             while [ "$(jobs -rp | wc -l)" -ge 2 ]; do
                 wait -n
             done
-            fuzz_target "$name" "$seconds" 1 &
+            fuzz_target "$name" "$seconds" 1 "$fuzz_seed" &
         done
         wait
     fi
