@@ -2,6 +2,7 @@
 #include "app/guards.h"
 
 #include <algorithm>
+#include <climits>
 #include <lua.hpp>
 
 namespace
@@ -61,31 +62,137 @@ int sleep(lua_State *L)
     return callGuarded(L);
 }
 
-// Puts a guard before the function of that name, with what else the guard needs as its second
-// upvalue.
-void guard(lua_State *L, const char *name, lua_CFunction guarding, const char *needed = nullptr)
+// socket.select(receiving, sending, timeout): asks each object of the lists for its descriptor, and
+// takes one that is no int for one below 0, behind which it writes beyond its set of descriptors. It
+// is given stand-ins for the lists, which hand out stand-ins for the objects. A stand-in has the
+// object as its element 1.
+
+// __index of a list's stand-in: the upvalues are the list and the metatable of objects' stand-ins.
+int standInAtIndex(lua_State *L)
 {
+    lua_settop(L, 2);
+    lua_gettable(L, lua_upvalueindex(1));
+    if (!lua_isnil(L, -1)) {
+        lua_createtable(L, 1, 0);
+        lua_insert(L, -2);
+        lua_rawseti(L, -2, 1);
+        lua_pushvalue(L, lua_upvalueindex(2));
+        lua_setmetatable(L, -2);
+    }
+    return 1;
+}
+
+// What the method of that name gives of the object; nil where there is none.
+void callMethod(lua_State *L, const char *name)
+{
+    lua_settop(L, 1);
+    lua_rawgeti(L, 1, 1);
     lua_getfield(L, -1, name);
+    if (!lua_isnil(L, -1)) {
+        lua_insert(L, -2);
+        lua_call(L, 1, 1);
+    }
+}
+
+int descriptorOfStandIn(lua_State *L)
+{
+    callMethod(L, "getfd");
+    if (lua_isnumber(L, -1) && lua_tonumber(L, -1) > INT_MAX) {
+        lua_pushinteger(L, INT_MAX); // also more than a set has room for
+    }
+    return 1;
+}
+
+int dirtinessOfStandIn(lua_State *L)
+{
+    callMethod(L, "dirty");
+    return 1;
+}
+
+void replaceListByStandIn(lua_State *L, int index)
+{
+    lua_createtable(L, 0, 0);
+    lua_createtable(L, 0, 1);
+    lua_pushvalue(L, index);
+    lua_pushvalue(L, lua_upvalueindex(2));
+    lua_pushcclosure(L, standInAtIndex, 2);
+    lua_setfield(L, -2, "__index");
+    lua_setmetatable(L, -2);
+    lua_replace(L, index);
+}
+
+// Of a result: objects by number, and their numbers by the objects.
+void replaceStandInsByObjects(lua_State *L, int result)
+{
+    for (int i = 1; lua_rawgeti(L, result, i), !lua_isnil(L, -1); ++i) {
+        lua_rawgeti(L, -1, 1); // the object
+        lua_pushvalue(L, -1);
+        lua_rawseti(L, result, i);
+        lua_pushinteger(L, i);
+        lua_rawset(L, result);
+        lua_pushnil(L);
+        lua_rawset(L, result);
+    }
+    lua_pop(L, 1);
+}
+
+int select(lua_State *L)
+{
+    lua_settop(L, 3);
+    for (int index = 1; index <= 2; ++index) {
+        if (lua_istable(L, index)) {
+            replaceListByStandIn(L, index);
+        }
+    }
+    const int count = callGuarded(L);
+    const int last = lua_gettop(L);
+    for (int result = last - count + 1; result <= last; ++result) {
+        if (lua_istable(L, result)) {
+            replaceStandInsByObjects(L, result);
+        }
+    }
+    return count;
+}
+
+// Puts a guard before the function of that name in the table below the top of the stack; on top is
+// what else the guard needs, its second upvalue, which is popped.
+void guard(lua_State *L, const char *name, lua_CFunction guarding)
+{
+    lua_getfield(L, -2, name);
     if (!lua_iscfunction(L, -1)) {
-        lua_pop(L, 1);
+        lua_pop(L, 2);
         return;
     }
-    if (needed != nullptr) {
-        lua_getfield(L, -2, needed);
-    }
-    lua_pushcclosure(L, guarding, needed != nullptr ? 2 : 1);
+    lua_insert(L, -2);
+    lua_pushcclosure(L, guarding, 2);
     lua_setfield(L, -2, name);
+}
+
+void pushMetatableOfObjectsStandIns(lua_State *L)
+{
+    lua_createtable(L, 0, 1);
+    lua_createtable(L, 0, 2);
+    lua_pushcfunction(L, descriptorOfStandIn);
+    lua_setfield(L, -2, "getfd");
+    lua_pushcfunction(L, dirtinessOfStandIn);
+    lua_setfield(L, -2, "dirty");
+    lua_setfield(L, -2, "__index");
 }
 
 } // namespace
 
 void guardBitFunctions(lua_State *L)
 {
-    guard(L, "tohex", toHex, "tobit");
+    lua_getfield(L, -1, "tobit");
+    guard(L, "tohex", toHex);
 }
 
 void guardSocketFunctions(lua_State *L)
 {
+    lua_pushnil(L);
     guard(L, "skip", skip);
+    lua_pushnil(L);
     guard(L, "sleep", sleep);
+    pushMetatableOfObjectsStandIns(L);
+    guard(L, "select", select);
 }

@@ -4,10 +4,10 @@
 #include "app/interactive.h"
 #include "app/libraries.h"
 #include "app/lua_state.h"
+#include "app/opening.h"
 #include "app/options.h"
 #include "app/scripts.h"
 #include "app/version.h"
-#include "binding/radio_wrap.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -35,15 +35,10 @@ int main(int argc, char **argv)
     }
     beginOpening(appLuaState);
     luaL_openlibs(appLuaState);
-    if (radioModuleOpen(appLuaState) == 0) {
+    if (!openShellLibraries(appLuaState)) {
         std::fputs("failed to initialise lua (radio module)\n", stderr);
         return EXIT_FAILURE;
     }
-    registerRadioNative(appLuaState);
-    copyRadioToGlobals(appLuaState);
-    openBitLibrary(appLuaState);
-    openSocketLibrary(appLuaState);
-    registerRadioInternal(appLuaState);
     endOpening(appLuaState);
 
     if (args.batchFile != nullptr) {

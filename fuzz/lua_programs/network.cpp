@@ -150,16 +150,6 @@ int select(int count, fd_set *read, fd_set *write, fd_set *failed, timeval *time
     return LIBRARY_FUNCTION(select)(count, read, write, failed, programRuns() ? &none : timeout);
 }
 
-// Where a set of descriptors is used beyond its end: LuaSocket takes the number that an object
-// gives.
-long __fdelt_chk(long descriptor)
-{
-    if (programRuns() && (descriptor < 0 || descriptor >= FD_SETSIZE)) {
-        endProgram(End::stockFault);
-    }
-    return LIBRARY_FUNCTION(__fdelt_chk)(descriptor);
-}
-
 int nanosleep(const timespec *wanted, timespec *left)
 {
     if (!programRuns()) {

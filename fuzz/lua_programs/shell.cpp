@@ -4,8 +4,7 @@
 #include "app/context.h"
 #include "app/libraries.h"
 #include "app/lua_state.h"
-#include "app/scripts.h"
-#include "binding/radio_wrap.h"
+#include "app/opening.h"
 #include "fuzz/lua_programs/stock_faults.h"
 
 #include <clocale>
@@ -130,12 +129,7 @@ lua_State *startShell()
     lua_atpanic(L, panic);
     beginOpening(L);
     luaL_openlibs(L);
-    radioModuleOpen(L);
-    registerRadioNative(L);
-    copyRadioToGlobals(L);
-    openBitLibrary(L);
-    openSocketLibrary(L);
-    registerRadioInternal(L);
+    openShellLibraries(L);
     endOpening(L);
 
     takeDebugLibraryAway(L);

@@ -8,7 +8,7 @@
 #include <string>
 
 // How a program ends.
-enum class End { finished = 0, assertion, exit, budget, stockFault };
+enum class End { finished = 0, assertion, exit, budget };
 
 // Opens the radio and a state, in the order of the shell's main().
 lua_State *startShell();

@@ -4,10 +4,8 @@
 // malformed bytecode is a fault of stock Lua.
 #include "app/context.h"
 #include "app/interactive.h"
-#include "app/libraries.h"
 #include "app/lua_state.h"
-#include "app/scripts.h"
-#include "binding/radio_wrap.h"
+#include "app/opening.h"
 #include "fuzz/cells.h"
 #include "fuzz/ending.h"
 #include "fuzz/prompt/blocks.h"
@@ -138,12 +136,7 @@ void prepareState(lua_State *L)
 {
     beginOpening(L);
     luaL_openlibs(L);
-    radioModuleOpen(L);
-    registerRadioNative(L);
-    copyRadioToGlobals(L);
-    openBitLibrary(L);
-    openSocketLibrary(L);
-    registerRadioInternal(L);
+    openShellLibraries(L);
     endOpening(L);
     if (__real_luaL_loadbuffer(L, tameLua.data(), tameLua.size(), "tame.lua") != 0 ||
         __real_lua_pcall(L, 0, 0, 0) != 0) {

@@ -5,8 +5,7 @@
 #include "app/interactive.h"
 #include "app/libraries.h"
 #include "app/lua_state.h"
-#include "app/scripts.h"
-#include "binding/radio_wrap.h"
+#include "app/opening.h"
 #include "tests/app/input.h"
 #include "tests/failing_memory/failing_memory.h"
 
@@ -23,12 +22,7 @@ int startUp(lua_State *L)
     pauseFailing();
     luaL_openlibs(L);
     resumeFailing();
-    radioModuleOpen(L);
-    registerRadioNative(L);
-    copyRadioToGlobals(L);
-    openBitLibrary(L);
-    openSocketLibrary(L);
-    registerRadioInternal(L);
+    openShellLibraries(L);
     endOpening(L);
     return 0;
 }

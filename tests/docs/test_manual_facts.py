@@ -186,14 +186,13 @@ FAULTS = {
     "string.find": "pattern_recursion",
     "unpack": "unpack_overflow",
     "compiled code": "malformed_code",
-    "socket.select": "select_descriptor",
 }
 
 
 @pytest.mark.skipif(len(COMMAND) > 1, reason="an emulator has a stack and signals of its own")
 @pytest.mark.skipif("CHECKER_REPORTS" in os.environ, reason="a checker reports these mistakes")
 @pytest.mark.parametrize("named, file", FAULTS.items())
-def test_mistakes_of_the_libraries_own_end_the_shell_as_it_says(named, file):
+def test_mistakes_of_luas_own_end_the_shell_as_it_says(named, file):
     assert named in section("CAVEATS")
     ran = run("-b", str(SOURCE / "fuzz" / "stock_lua_faults" / f"{file}.lua"))
     assert ran.status in (-SIGSEGV, -SIGABRT)

@@ -66,6 +66,85 @@ def test_sleep_takes_its_time():
     assert ran.out == "true\n"
 
 
+DESCRIPTOR_TOO_LARGE = "bad argument #{} to 'select' (descriptor too large for set size)"
+
+
+@pytest.mark.parametrize("descriptor", ["1e308", "1/0", "2^31", "2^31-1", "'4294967296'", "1024"])
+@pytest.mark.parametrize("position", [1, 2])
+def test_select_refuses_a_descriptor_that_its_set_has_no_room_for(descriptor, position):
+    object_ = f"{{ getfd = function() return {descriptor} end }}"
+    lists = f"{{ {object_} }}, nil" if position == 1 else f"nil, {{ {object_} }}"
+    assert raised(f"socket.select({lists}, 0)").out.endswith(
+        DESCRIPTOR_TOO_LARGE.format(position))
+
+
+@pytest.mark.parametrize("descriptor", ["-1", "-1e308", "0/0", "nil", "'x'", "true"])
+def test_select_passes_over_an_object_without_a_descriptor(descriptor):
+    ran = lua(f"print(select('#', socket.select({{ {{ getfd = function() return {descriptor} end }}, "
+              "{}, 'text' }, {}, 0)), select(3, socket.select({}, {}, 0)))")
+    assert ran.out == "3\ttimeout\n"
+
+
+def test_select_gives_the_objects_that_are_ready_and_their_numbers():
+    ran = lua("""
+        local server = socket.tcp()
+        server:bind("127.0.0.1", 0)
+        server:listen()
+        local client = socket.tcp()
+        client:connect(server:getsockname())
+        local accepted = server:accept()
+        local idle = socket.udp()
+        local own = { getfd = function(self) return self.of:getfd() end, of = client }
+        client:send("x")
+        local ready, writable, failure = socket.select({ idle, accepted }, { own, client, own }, 5)
+        assert(#ready == 1 and ready[1] == accepted and ready[accepted] == 1)
+        assert(#writable == 1 and writable[1] == own and writable[own] == 1 and failure == nil)
+        local count = 0
+        for _ in pairs(ready) do count = count + 1 end
+        for _ in pairs(writable) do count = count + 1 end
+        print(count)
+    """)
+    assert ran.out == "4\n"
+
+
+def test_select_takes_a_dirty_object_for_ready_without_waiting():
+    ran = lua("""
+        local server = socket.tcp()
+        server:bind("127.0.0.1", 0)
+        local dirty = { getfd = function() return server:getfd() end,
+                        dirty = function(...) assert(select("#", ...) == 1) return true end }
+        local ready, writable, failure = socket.select({ dirty }, nil, 60)
+        print(#ready, ready[1] == dirty, ready[dirty], next(writable), failure)
+    """)
+    assert ran.out == "1\ttrue\t1\tnil\tnil\n"
+
+
+def test_select_reads_a_list_by_its_metamethods_and_in_order():
+    ran = lua("""
+        local read = {}
+        local list = setmetatable({}, { __index = function(_, i)
+            read[#read + 1] = i
+            return i < 3 and {} or nil
+        end })
+        socket.select(list, list, 0)
+        print(table.concat(read, " "))
+    """)
+    assert set(ran.out.split()) == {"1", "2", "3"} and ran.out.startswith("1 2 3 1 2 3")
+
+
+@pytest.mark.parametrize("call, complaint", [
+    ("select(7)", "bad argument #1 to 'select' (table expected, got number)"),
+    ("select({}, 'x')", "bad argument #2 to 'select' (table expected, got string)"),
+    ("select({}, {}, {})", "bad argument #3 to 'select' (number expected, got table)"),
+    ("select({ 5 })", "attempt to index a number value"),
+    ("select({ newproxy() })", "attempt to index a userdata value"),
+    ("select({ { getfd = 5 } })", "attempt to call a number value"),
+    ("select({ { getfd = function() error('mine', 0) end } })", "mine"),
+])
+def test_select_says_what_is_wrong_with_a_list(call, complaint):
+    assert raised(f"socket.{call}").out.endswith(complaint)
+
+
 def test_gettime_is_the_time():
     before = time.time()
     shown = float(lua("print(('%.6f'):format(socket.gettime()))").out)

@@ -18,6 +18,8 @@ FIRST = {
     "app/libraries.h": ["app_libraries_test"],
     "app/lua_state.cpp": ["app_lua_state_test", "e2e.lua_state"],
     "app/lua_state.h": ["app_lua_state_test"],
+    "app/opening.cpp": ["app_start_up_test", "e2e.start_up"],
+    "app/opening.h": ["app_start_up_test"],
     "app/options.cpp": ["app_options_test", "e2e.command_line"],
     "app/options.h": ["app_options_test", "e2e.command_line"],
     "app/scripts.cpp": ["app_scripts_test", "e2e.failing_scripts", "e2e.start_up", "e2e.lua_state"],
