@@ -14,9 +14,7 @@ void openBitLibrary(lua_State *L)
     lua_pushliteral(L, "bit");
     lua_call(L, 1, 0);
     lua_getglobal(L, "bit");
-    if (lua_istable(L, -1)) {
-        guardBitFunctions(L);
-    }
+    guardBitFunctions(L);
     lua_pop(L, 1);
 }
 

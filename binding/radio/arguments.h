@@ -100,10 +100,7 @@ struct Signed32Argument : TypeTest {
             return true;
         }
         if (number <= -1) {
-            if (number < -endOfSigned32) [[unlikely]] {
-                return false;
-            }
-            value = static_cast<Value>(number);
+            value = toSigned32(number);
             return true;
         }
         value = 0; // not-a-number too

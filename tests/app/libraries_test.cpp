@@ -45,6 +45,15 @@ TEST_F(Libraries, openBitWithItsName)
     EXPECT_EQ(value("type(bit)"), "table");
 }
 
+TEST_F(Libraries, getNoFunctionThatTheyLackByBeingGuarded)
+{
+    openBitLibrary(L);
+    EXPECT_EQ(value("bit.tohex"), "nil");
+    openSocket(coreThatReturnsItsTable);
+    EXPECT_EQ(value("socket.select or socket.skip or socket.sleep"), "nil");
+    EXPECT_EQ(value("next(bit)"), "nil");
+}
+
 TEST_F(Libraries, keepTheTableOfACoreThatSetsTheGlobal)
 {
     openSocket(coreThatSetsTheGlobal);

@@ -105,3 +105,18 @@ def test_the_two_functions_are_no_fields_of_radio():
 @pytest.mark.parametrize("name", ["radioNative", "radioInternal"])
 def test_the_shells_own_tables_are_registered_as_modules(name):
     assert lua(f"print(rawequal(require '{name}', {name}))").out == "true\n"
+
+
+@pytest.mark.parametrize("configuration, number", [("3", 3), ("1e10", 2147483647)])
+def test_a_call_keeps_the_radio_that_its_arguments_close(configuration, number):
+    ran = lua(f"""
+        local p = newproxy(true)
+        getmetatable(p).__gc = radioClose
+        collectgarbage("stop")
+        collectgarbage("setstepmul", 0)
+        p = nil
+        collectgarbage("restart")
+        radioInitByScript({configuration}, 0, 1, 12345)
+    """)
+    assert ran.log[1:] == ["radioClose(context1)",
+                           f'radioInitByScript(context1, {number}, 0, 1, "12345")']

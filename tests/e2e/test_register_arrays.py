@@ -2,7 +2,7 @@
 """The native arrays behind register tables: each is freed once, however the call ends."""
 
 import pytest
-from shell import preloading, run
+from shell import lua, preloading, run
 
 SETTERS = ["radioSetRxGainRegisters", "radioSetTxPowerRegisters"]
 both = pytest.mark.parametrize("setter", SETTERS)
@@ -96,6 +96,39 @@ def test_a_call_inside_a_metamethod_has_an_array_of_its_own(setter):
              "return key end")
     seen, result = arrays(setter, missing(index), "io.stderr:write('end ')")
     assert (seen, result) == (["made", "made", "freed", "freed", "end"], ["true"])
+
+
+# Prints whether the collector, which rests, was set to work meanwhile.
+NOTICING = ("collectgarbage('stop') local collected = false local p = newproxy(true) "
+            "getmetatable(p).__gc = function() collected = true end p = nil {} print(collected)")
+
+
+@both
+@pytest.mark.parametrize("calls, collected", [(1, "false"), (30, "false"), (300, "true")])
+def test_only_arrays_of_many_failing_calls_set_the_collector_to_work(setter, calls, collected):
+    failing = f"for _ = 1, {calls} do pcall({setter}, t) end"
+    assert lua(f"{TABLE} {RAISING} {NOTICING.format(failing)}").out == f"{collected}\n"
+
+
+@both
+def test_arrays_of_calls_that_succeed_do_not_set_the_collector_to_work(setter):
+    passing = f"for _ = 1, 300 do {setter}(t) end"
+    table = missing("function() return 5 end")
+    assert lua(f"{TABLE} {table} {NOTICING.format(passing)}").out == "false\n"
+
+
+@both
+def test_what_looks_after_arrays_is_made_once(setter):
+    ran = lua(f"""
+        {TABLE} {RAISING}
+        pcall({setter}, t)
+        local before = {{}}
+        for key, value in pairs(debug.getregistry()) do before[key] = value end
+        pcall({setter}, t)
+        for key, value in pairs(debug.getregistry()) do assert(rawequal(value, before[key])) end
+        print("same")
+    """)
+    assert ran.out == "same\n"
 
 
 @both

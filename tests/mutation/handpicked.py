@@ -42,10 +42,6 @@ CHANGES = [
                 return false;
             }
 """, ""),
-    ("binding/radio/arguments.h", CAST, """            if (number < -endOfSigned32) [[unlikely]] {
-                return false;
-            }
-""", ""),
     ("binding/radio/arguments.h", "sign test of not-a-number dropped",
      "if (!(number >= 0)) { // so", "if (number < 0) { // so"),
     ("binding/radio/wrapper.h", ORDER,

@@ -12,7 +12,7 @@ FIRST = {
     "app/context.h": ["app_context_test"],
     "app/guards.cpp": ["e2e.bit", "e2e.socket"],
     "app/guards.h": ["e2e.bit"],
-    "app/interactive.cpp": ["app_interactive_test", "e2e.prompt", "e2e.line_reader"],
+    "app/interactive.cpp": ["app_interactive_test", "app_error_values_test", "e2e.prompt", "e2e.line_reader"],
     "app/interactive.h": ["app_interactive_test"],
     "app/libraries.cpp": ["app_libraries_test", "e2e.bit"],
     "app/libraries.h": ["app_libraries_test"],
@@ -79,7 +79,8 @@ PROGRAMS = [
     "app_libraries_test", "app_interactive_test", "app_lua_state_test", "app_options_test",
     "app_context_test", "app_start_up_test", "app_scripts_test",
     "binding_runtime_test", "binding_radio_test", "second_binding_test",
-    "binding_radio_differential_test", "register_tables_test",
+    "app_error_values_test", "app_allocations_test", "binding_runtime_allocations_test",
+    "binding_radio_allocations_test", "binding_radio_differential_test", "register_tables_test",
 ]
 
 # What the end-to-end tests need besides the shell.
