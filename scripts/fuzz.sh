@@ -23,7 +23,7 @@ fuzz_target() {
     local folder=$root/build/fuzz/$name
     mkdir -p "$folder/corpus" "$folder/crashes"
     rm -f "$folder/cells" "$folder/status"
-    local inputs=("$source/corpus") options=(-timeout=20 -rss_limit_mb=2048 -print_final_stats=1
+    local inputs=("$source/corpus") options=(-timeout=120 -rss_limit_mb=2048 -print_final_stats=1
         "-seed=$seed" "-artifact_prefix=$folder/crashes/")
     [ ! -d "$source/regressions" ] || inputs+=("$source/regressions")
     [ ! -f "$source/dictionary" ] || options+=("-dict=$source/dictionary")

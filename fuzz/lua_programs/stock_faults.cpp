@@ -6,6 +6,7 @@
 #include <climits>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <dlfcn.h>
 
 namespace
@@ -77,6 +78,9 @@ constexpr Exclusion exclusions[] = {
 
 constexpr std::size_t exclusionCount = sizeof exclusions / sizeof exclusions[0];
 
+// Found before anything asks for it: looking for it drops the error.
+const auto libraryError = reinterpret_cast<char *(*)()>(dlsym(RTLD_NEXT, "dlerror"));
+
 lua_CFunction originals[exclusionCount];
 
 template <std::size_t i>
@@ -132,6 +136,19 @@ struct TextReader {
 void excludeStockFaults(lua_State *L)
 {
     exclude(L);
+}
+
+// Before the C library's, whose text lasts only until a library is loaded, which a finaliser can do
+// before Lua has read it.
+extern "C" char *dlerror()
+{
+    static char text[1000];
+    const char *const given = libraryError();
+    if (given == nullptr) {
+        return nullptr;
+    }
+    std::snprintf(text, sizeof text, "%s", given);
+    return text;
 }
 
 // Before Lua's own. All that loads code comes here, and compiled code is not checked.
