@@ -143,7 +143,8 @@ void excludeStockFaults(lua_State *L)
 extern "C" char *dlerror()
 {
     static char text[1000];
-    const char *const given = libraryError();
+    // The sanitizers ask while the program is being loaded.
+    const char *const given = libraryError != nullptr ? libraryError() : nullptr;
     if (given == nullptr) {
         return nullptr;
     }
