@@ -97,8 +97,9 @@ void callMethod(lua_State *L, const char *name)
 int descriptorOfStandIn(lua_State *L)
 {
     callMethod(L, "getfd");
-    if (lua_isnumber(L, -1) && lua_tonumber(L, -1) > INT_MAX) {
-        lua_pushinteger(L, INT_MAX); // also more than a set has room for
+    if (lua_isnumber(L, -1)) {
+        constexpr lua_Number mostOfInt = INT_MAX; // also more than a set has room for
+        lua_pushnumber(L, std::min(lua_tonumber(L, -1), mostOfInt));
     }
     return 1;
 }
