@@ -15,6 +15,12 @@ int callGuarded(lua_State *L)
     return lua_tocfunction(L, lua_upvalueindex(1))(L);
 }
 
+// not-a-number stays what it is.
+lua_Number atMost(lua_Number bound, lua_Number number)
+{
+    return std::min(number, bound);
+}
+
 void replaceArgument(lua_State *L, int index, lua_Number number)
 {
     lua_pushnumber(L, number);
@@ -48,7 +54,7 @@ int skip(lua_State *L)
     if (lua_isnumber(L, 1)) {
         const lua_Number count = lua_tonumber(L, 1);
         const auto given = static_cast<lua_Number>(lua_gettop(L));
-        replaceArgument(L, 1, count >= 0 ? std::min(count, given) : 0); // not-a-number too
+        replaceArgument(L, 1, count >= 0 ? atMost(given, count) : 0); // not-a-number too
     }
     return callGuarded(L);
 }
@@ -98,8 +104,7 @@ int descriptorOfStandIn(lua_State *L)
 {
     callMethod(L, "getfd");
     if (lua_isnumber(L, -1)) {
-        constexpr lua_Number mostOfInt = INT_MAX; // also more than a set has room for
-        lua_pushnumber(L, std::min(lua_tonumber(L, -1), mostOfInt));
+        lua_pushnumber(L, atMost(INT_MAX, lua_tonumber(L, -1))); // more than a set has room for
     }
     return 1;
 }
