@@ -100,7 +100,7 @@ struct Signed32Argument : TypeTest {
             return true;
         }
         if (number <= -1) {
-            value = toSigned32(number);
+            value = toNegativeSigned32(number);
             return true;
         }
         value = 0; // not-a-number too

@@ -22,6 +22,12 @@ constexpr std::int32_t toSigned32(lua_Number value)
     return value == value ? static_cast<std::int32_t>(value) : 0;
 }
 
+// The same of a value that must not be positive or not-a-number.
+constexpr std::int32_t toNegativeSigned32(lua_Number value)
+{
+    return value < -endOfSigned32 ? INT32_MIN : static_cast<std::int32_t>(value);
+}
+
 // Truncates toward zero; saturates at 4294967295. value must not be negative or not-a-number.
 constexpr std::uint32_t toUnsigned32(lua_Number value)
 {

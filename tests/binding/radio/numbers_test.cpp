@@ -62,6 +62,19 @@ TEST(ToSigned32, saturatesAtBothEnds)
     EXPECT_EQ(toSigned32(std::nextafter(-2147483648.0, -infinity)), INT32_MIN);
 }
 
+TEST(ToNegativeSigned32, truncatesAndSaturates)
+{
+    static_assert(toNegativeSigned32(-0.9) == 0);
+    static_assert(toNegativeSigned32(-3.7) == -3);
+    static_assert(toNegativeSigned32(-2147483647.999) == INT32_MIN + 1);
+    static_assert(toNegativeSigned32(-2147483648.0) == INT32_MIN);
+    static_assert(toNegativeSigned32(-2147483649.0) == INT32_MIN);
+    static_assert(toNegativeSigned32(-greatest) == INT32_MIN);
+    static_assert(toNegativeSigned32(-infinity) == INT32_MIN);
+    EXPECT_EQ(toNegativeSigned32(-2147483647.0), INT32_MIN + 1);
+    EXPECT_EQ(toNegativeSigned32(-1e10), INT32_MIN);
+}
+
 TEST(ToSigned32, takesNotANumberForZero)
 {
     static_assert(toSigned32(notANumber) == 0);
