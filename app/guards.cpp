@@ -16,9 +16,9 @@ int callGuarded(lua_State *L)
 }
 
 // not-a-number stays what it is.
-lua_Number atMost(lua_Number bound, lua_Number number)
+lua_Number capped(lua_Number number, lua_Number cap)
 {
-    return std::min(number, bound);
+    return std::min(number, cap);
 }
 
 void replaceArgument(lua_State *L, int index, lua_Number number)
@@ -54,7 +54,7 @@ int skip(lua_State *L)
     if (lua_isnumber(L, 1)) {
         const lua_Number count = lua_tonumber(L, 1);
         const auto given = static_cast<lua_Number>(lua_gettop(L));
-        replaceArgument(L, 1, count >= 0 ? atMost(given, count) : 0); // not-a-number too
+        replaceArgument(L, 1, count >= 0 ? capped(count, given) : 0); // not-a-number too
     }
     return callGuarded(L);
 }
@@ -69,8 +69,8 @@ int sleep(lua_State *L)
 }
 
 // socket.select(receiving, sending, timeout): asks each object of the lists for its descriptor, and
-// takes one that is no int for one below 0, behind which it writes beyond its set of descriptors. It
-// is given stand-ins for the lists, which hand out stand-ins for the objects. A stand-in has the
+// takes one that is no int for one below 0, behind which it writes beyond its set of descriptors.
+// It is given stand-ins for the lists, which hand out stand-ins for the objects. A stand-in has the
 // object as its element 1.
 
 // __index of a list's stand-in: the upvalues are the list and the metatable of objects' stand-ins.
@@ -104,7 +104,7 @@ int descriptorOfStandIn(lua_State *L)
 {
     callMethod(L, "getfd");
     if (lua_isnumber(L, -1)) {
-        lua_pushnumber(L, atMost(INT_MAX, lua_tonumber(L, -1))); // more than a set has room for
+        lua_pushnumber(L, capped(lua_tonumber(L, -1), INT_MAX)); // more than a set has room for
     }
     return 1;
 }

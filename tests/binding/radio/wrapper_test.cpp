@@ -49,9 +49,9 @@ protected:
     {
         appContext = someContext();
         made = "nothing";
-        name("textFirst", Wrapper<"textFirst", textFirst, {}>::call);
-        name("leastOfSigned", Wrapper<"leastOfSigned", leastOfSigned, {}>::call);
-        name("mostOfUnsigned", Wrapper<"mostOfUnsigned", mostOfUnsigned, {}>::call);
+        name("textFirst", Wrapper<"textFirst", textFirst, WrapperOptions{}>::call);
+        name("leastOfSigned", Wrapper<"leastOfSigned", leastOfSigned, WrapperOptions{}>::call);
+        name("mostOfUnsigned", Wrapper<"mostOfUnsigned", mostOfUnsigned, WrapperOptions{}>::call);
         name("closeRadio", closeRadio);
     }
 
