@@ -103,7 +103,10 @@ RadioContext *radioOpen(void)
 {
     if (Trace *const trace = currentTrace())
         trace->setTime(0);
-    return answer<RadioContext *>(nullptr, __func__, RADIO_DEBUG_INFO, openAnother);
+    RadioContext *const context =
+        answer<RadioContext *>(nullptr, __func__, RADIO_DEBUG_INFO, openAnother);
+    reportScenario();
+    return context;
 }
 
 RadioReturn radioClose(RadioContext *context)

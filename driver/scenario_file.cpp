@@ -5,9 +5,9 @@
 #include "faults.h"
 #include "files.h"
 #include "scenario_reading.h"
+#include "trace/destination.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -25,7 +25,14 @@ struct Loaded {
     std::shared_ptr<const Scenario> scenario;
 };
 
-Loaded loaded; // no scenario: nothing has been loaded
+Loaded loaded;              // no scenario: nothing has been loaded
+std::vector<Mistake> found; // and not reported yet
+
+// Null where there is none.
+const char *pathOfScenario()
+{
+    return setting("SOREL_SIM_SCENARIO");
+}
 
 // How many bytes the control character has that text begins with: one of ASCII, or U+0080 to U+009F
 // in UTF-8. 0: it begins with none.
@@ -47,23 +54,6 @@ void put(std::string_view text)
         for (const char character : text.substr(0, length))
             std::fprintf(stderr, "\\x%02x", static_cast<unsigned char>(character));
         text.remove_prefix(length == 0 ? 1 : length);
-    }
-}
-
-void report(const char *path, const std::vector<Mistake> &mistakes)
-{
-    for (std::size_t i = 0; i < mistakes.size() && i < mostReported; ++i) {
-        const Mistake &mistake = mistakes[i];
-        put(path);
-        if (mistake.line != 0)
-            std::fprintf(stderr, ":%u:%u", mistake.line, mistake.column);
-        std::fputs(": ", stderr);
-        put(mistake.text);
-        std::fputc('\n', stderr);
-    }
-    if (mistakes.size() > mostReported) {
-        put(path);
-        std::fprintf(stderr, ": %zu more mistakes\n", mistakes.size() - mostReported);
     }
 }
 
@@ -100,17 +90,35 @@ std::shared_ptr<const Scenario> read(const char *path, const Platform &selected,
 
 std::shared_ptr<const Scenario> loadScenario(const Platform &selected)
 {
-    const char *const path = std::getenv("SOREL_SIM_SCENARIO");
-    if (!path || !*path) {
+    found.clear();
+    const char *const path = pathOfScenario();
+    if (!path) {
         replace({});
         return std::make_shared<const Scenario>();
     }
-    std::vector<Mistake> mistakes;
-    auto scenario = read(path, selected, mistakes);
+    auto scenario = read(path, selected, found);
     if (!scenario)
         replace({});
-    report(path, mistakes);
     return scenario;
+}
+
+void reportScenario()
+{
+    const char *const path = pathOfScenario();
+    for (std::size_t i = 0; path && i < found.size() && i < mostReported; ++i) {
+        const Mistake &mistake = found[i];
+        put(path);
+        if (mistake.line != 0)
+            std::fprintf(stderr, ":%u:%u", mistake.line, mistake.column);
+        std::fputs(": ", stderr);
+        put(mistake.text);
+        std::fputc('\n', stderr);
+    }
+    if (path && found.size() > mostReported) {
+        put(path);
+        std::fprintf(stderr, ": %zu more mistakes\n", found.size() - mostReported);
+    }
+    found.clear();
 }
 
 const Scenario &presentScenario()

@@ -12,8 +12,12 @@ namespace sorel
 
 // Reads the file again, for a board that is opened while that platform is selected. The faults of a
 // file that has changed begin anew. Null, and no scenario from then on, where the file is refused;
-// standard error then says why.
+// reportScenario() then says why.
 std::shared_ptr<const Scenario> loadScenario(const Platform &selected);
+
+// Says on standard error what is wrong with the file last read, once. Apart from reading it, so
+// that no line of a trace is broken.
+void reportScenario();
 
 // The one last loaded; an empty one where there is none.
 const Scenario &presentScenario();

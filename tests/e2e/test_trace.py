@@ -160,6 +160,15 @@ def test_a_dash_is_standard_error():
     ]
 
 
+def test_what_is_wrong_with_a_scenario_breaks_no_line_of_it(tmp_path):
+    scenario = tmp_path / "bad.toml"
+    scenario.write_text("seed = true\n")
+    ran = simulated("radioVersion()", "-", SOREL_SIM_SCENARIO=str(scenario))
+    calls, complaints = ran.err.splitlines()[:1], ran.err.splitlines()[1:2]
+    assert calls == ["[0.000000] radioOpen() = null"]
+    assert complaints[0].startswith(f"{scenario}:1:8: ")
+
+
 def test_a_file_that_cannot_be_opened_is_said_once_and_work_goes_on(tmp_path):
     path = tmp_path / "nowhere" / "trace"
     ran = simulated("radioReset() print('done')", path)
