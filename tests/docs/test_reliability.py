@@ -133,7 +133,7 @@ def test_a_pipe_that_nobody_reads_is_no_end(tmp_path):
 
 
 def test_the_budgets_are_those_of_ci():
-    budgets = {cells[0].strip("`"): cells[1] for cells in rows("How it is tried", "step")}
+    budgets = {cells[0].strip("`"): cells[1] for cells in rows("What CI runs", "step")}
     steps = re.findall(r"^step (\d+) (.+)$", (SOURCE / ".ci/run").read_text(), re.MULTILINE)
     assert budgets == {command: minutes for minutes, command in steps}
     assert sum(map(int, budgets.values())) <= 60
