@@ -69,9 +69,8 @@ int sleep(lua_State *L)
 }
 
 // socket.select(receiving, sending, timeout): asks each object of the lists for its descriptor, and
-// takes one that is no int for one below 0, behind which it writes beyond its set of descriptors.
-// It is given stand-ins for the lists, which hand out stand-ins for the objects. A stand-in has the
-// object as its element 1.
+// writes outside its set of descriptors for a number that no int holds. It is given stand-ins for
+// the lists, which hand out stand-ins for the objects. A stand-in has the object as its element 1.
 
 // __index of a list's stand-in: the upvalues are the list and the metatable of objects' stand-ins.
 int standInAtIndex(lua_State *L)
