@@ -10,6 +10,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,10 +19,26 @@ namespace
 {
 
 std::string folder;
+bool entered = false;
 bool filesMade = false;
 std::FILE *nowhere = nullptr;
 std::FILE *output = nullptr;
 std::FILE *errors = nullptr;
+
+// In a folder that cannot be.
+constexpr char noFile[] = "/dev/null/none";
+
+// What is open of the files that were opened in the sandbox. Lua closes those that it collects,
+// unless a program has taken the finaliser away.
+std::set<std::FILE *> files;
+
+std::FILE *noteOpened(std::FILE *file)
+{
+    if (file != nullptr && entered) {
+        files.insert(file);
+    }
+    return file;
+}
 
 // The name of a program's file in the sandbox, which has no folders. Empty where it is none.
 std::string inSandbox(const char *path)
@@ -42,7 +59,7 @@ auto onFile(Function function, const char *path, Arguments... arguments)
     -> decltype(function(path, arguments...))
 {
     const std::string inside = inSandbox(path);
-    return function(inside.empty() ? "/none" : inside.c_str(), arguments...);
+    return function(inside.empty() ? noFile : inside.c_str(), arguments...);
 }
 
 } // namespace
@@ -65,6 +82,7 @@ void prepareSandbox()
 
 void enterSandbox()
 {
+    entered = true;
     stdout = nowhere;
     stderr = nowhere;
     filesMade = false;
@@ -72,11 +90,19 @@ void enterSandbox()
 
 void leaveSandbox()
 {
+    entered = false;
     stdout = output;
     stderr = errors;
     if (filesMade) {
         std::error_code ignored;
         std::filesystem::remove_all(folder, ignored);
+    }
+}
+
+void closeFiles()
+{
+    while (!files.empty()) {
+        std::fclose(*files.begin());
     }
 }
 
@@ -105,7 +131,7 @@ FILE *popen(const char *command, const char *mode)
         errno = EINVAL;
         return nullptr;
     }
-    return LIBRARY_FUNCTION(fopen)("/dev/null", mode);
+    return noteOpened(LIBRARY_FUNCTION(fopen)("/dev/null", mode));
 }
 
 int pclose(FILE *pipe)
@@ -116,13 +142,25 @@ int pclose(FILE *pipe)
 FILE *fopen(const char *path, const char *mode)
 {
     const auto open = LIBRARY_FUNCTION(fopen);
-    return programRuns() ? onFile(open, path, mode) : open(path, mode);
+    return noteOpened(programRuns() ? onFile(open, path, mode) : open(path, mode));
+}
+
+FILE *tmpfile()
+{
+    return noteOpened(LIBRARY_FUNCTION(tmpfile)());
 }
 
 FILE *freopen(const char *path, const char *mode, FILE *file)
 {
     const auto open = LIBRARY_FUNCTION(freopen);
-    return programRuns() ? onFile(open, path, mode, file) : open(path, mode, file);
+    files.erase(file);
+    return noteOpened(programRuns() ? onFile(open, path, mode, file) : open(path, mode, file));
+}
+
+int fclose(FILE *file)
+{
+    files.erase(file);
+    return LIBRARY_FUNCTION(fclose)(file);
 }
 
 int remove(const char *path)
@@ -138,17 +176,22 @@ int rename(const char *from, const char *to)
         return renameFile(from, to);
     }
     const std::string target = inSandbox(to);
-    return onFile(renameFile, from, target.empty() ? "/none" : target.c_str());
+    return onFile(renameFile, from, target.empty() ? noFile : target.c_str());
 }
 
 int mkstemp(char *name)
 {
-    return programRuns() ? open("/dev/null", O_RDWR | O_CLOEXEC) : LIBRARY_FUNCTION(mkstemp)(name);
+    if (!programRuns()) {
+        return LIBRARY_FUNCTION(mkstemp)(name);
+    }
+    const int descriptor = open("/dev/null", O_RDWR | O_CLOEXEC);
+    ownDescriptor(descriptor);
+    return descriptor;
 }
 
 void *dlopen(const char *path, int mode)
 {
-    return LIBRARY_FUNCTION(dlopen)(programRuns() ? "/none" : path, mode);
+    return LIBRARY_FUNCTION(dlopen)(programRuns() ? noFile : path, mode);
 }
 
 } // extern "C"

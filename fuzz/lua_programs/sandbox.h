@@ -12,11 +12,14 @@
 // Gives the process empty input, and names the folder that a program has its files in.
 void prepareSandbox();
 
-// Before and after a program: where its output goes, and its files.
+// Before and after a program: where its output goes, and its files, which are removed.
 void enterSandbox();
 void leaveSandbox();
 
-// Sockets that programs have opened; they can close no other descriptor.
+// Closes those that a program has left open, of which Lua must know no more.
+void closeFiles();
+
+// What programs have opened themselves, such as sockets; they can close no other descriptor.
 void ownDescriptor(int descriptor);
 bool disownDescriptor(int descriptor);
 bool ownsDescriptor(int descriptor);

@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <unistd.h>
 
 namespace
 {
@@ -32,7 +33,7 @@ std::jmp_buf unwindTo;
 
 [[noreturn]] void giveUp(const char *reason, const char *detail)
 {
-    std::fprintf(stderr, "lua_programs: %s: %s\n", reason, detail);
+    dprintf(STDERR_FILENO, "lua_programs: %s: %s\n", reason, detail);
     std::abort();
 }
 

@@ -17,6 +17,8 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <iterator>
 #include <lua.hpp>
 #include <memory>
 #include <sys/time.h>
@@ -69,7 +71,7 @@ int noteKind(lua_State *L)
 
 void fail(const char *reason)
 {
-    std::fprintf(stderr, "lua_programs: %s\n", reason);
+    dprintf(STDERR_FILENO, "lua_programs: %s\n", reason); // stderr may be the sandbox's
     std::abort();
 }
 
@@ -116,10 +118,22 @@ void limitTime(int seconds)
     setitimer(ITIMER_VIRTUAL, &limit, nullptr);
 }
 
+void closeWhatIsOpen()
+{
+    closeFiles();
+    closeDescriptors();
+}
+
+std::ptrdiff_t countOpen()
+{
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
 // Runs a program in a state of its own.
 End run(const std::string &program)
 {
     const std::string text = header + program;
+    const std::ptrdiff_t open = countOpen();
     if (showing) {
         std::fprintf(stderr, "%s\n", text.c_str());
     }
@@ -134,7 +148,10 @@ End run(const std::string &program)
     endShell(L, end);
     limitTime(0);
     leaveSandbox();
-    closeDescriptors();
+    closeWhatIsOpen();
+    if (countOpen() != open) {
+        fail("something stays open");
+    }
     return end;
 }
 
@@ -247,7 +264,7 @@ void prepareTarget()
     leaveSandbox();
     readFunctions(L);
     endShell(L, End::finished);
-    closeDescriptors();
+    closeWhatIsOpen();
     const char *const withheld = std::getenv("LUA_PROGRAMS_WITHOUT");
     supply.withheld = withheld != nullptr ? findKind(withheld) : 0;
     cells = std::make_unique<Cells>("function", supply.functions, supply.kinds);
