@@ -8,7 +8,7 @@ import sys
 
 from failing import KINDS
 from figures import described
-from soaking import soak_calls, soak_contexts, soak_lines
+from soaking import soak_calls, soak_contexts, soak_lines, soak_lines_and_calls
 
 LINES = 1_000_000
 CALLS = 100_000_000
@@ -75,6 +75,7 @@ def main():
     for run in (
         lambda: soak_lines(tree, "lines that do not fail", lines, kinds=()),
         lambda: soak_lines(tree, "lines of which a third fail", lines),
+        lambda: soak_lines_and_calls(tree, lines, calls),
         lambda: soak_calls(tree, calls),
         lambda: soak_contexts(tree, contexts),
     ):

@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
 """What a shell holds after the first hundredth of a long run, and at its end."""
 
+import math
+import tempfile
 from dataclasses import dataclass, replace
 
 from calls import calls_body
@@ -115,6 +117,17 @@ end"""
 
 def soak_calls(tree, count, driver=None, extra=""):
     return soak_script(tree, "calls of all wrappers", count, calls_body(extra), driver)
+
+
+def soak_lines_and_calls(tree, lines, calls):
+    """Lines of which a third fail; the others make all those calls, in the same process."""
+    each = math.ceil(calls / (lines - lines // 3))
+    with tempfile.NamedTemporaryFile("w", suffix=".lua", encoding="utf-8") as script:
+        script.write(calls_body())
+        script.flush()
+        line = f"if not body then dofile('{script.name}') end body({each})\n"
+        return soak_lines(tree, "such lines, and calls by the others", lines,
+                          good=lambda count: [line] * count)
 
 
 def soak_contexts(tree, count, driver=None):

@@ -16,7 +16,14 @@ from failing import KINDS, Kind
 from instructions import of_program
 from lines import LEAVE, good_lines, instructions_of
 from loops import on_trivial_driver
-from soaking import LUA_SLACK, soak_calls, soak_contexts, soak_lines, soak_script
+from soaking import (
+    LUA_SLACK,
+    soak_calls,
+    soak_contexts,
+    soak_lines,
+    soak_lines_and_calls,
+    soak_script,
+)
 from calls import calls_body
 from measured_calls import ORDINARY
 
@@ -51,6 +58,12 @@ def test_a_failing_line_leaves_what_its_error_value_takes(kind):
 
 def test_calls_leave_nothing():
     assert complaints(soak_calls(TREE, CALLS)) == []
+
+
+def test_lines_that_make_calls_beside_failing_ones_leave_the_error_values_and_nothing_else():
+    run = soak_lines_and_calls(TREE, LINES, CALLS)
+    assert complaints(run) == []
+    assert run.samples[-1].failures == run.failures == LINES // 3
 
 
 def test_all_functions_are_called():
