@@ -39,6 +39,7 @@ VERSION = (SOURCE / "VERSION").read_text().strip()
 
 TRACED = "SOREL_TRACED" in os.environ
 EMULATED = Path(COMMAND[0]).name.startswith("qemu")
+VALGRIND = COMMAND[0] == "valgrind"
 
 PROMPT = "sorelapp> "
 SECONDS = 60  # longer than any test takes, emulated or not

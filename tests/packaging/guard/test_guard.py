@@ -15,7 +15,7 @@ import pexpect
 import pytest
 from recorded import SWITCHED_OFF, Recorded
 from sessions import BASH_PROMPT, bash, make_program
-from shell import COMMAND, PROMPT, SECONDS, SOURCE
+from shell import COMMAND, PROMPT, SECONDS, SOURCE, VALGRIND
 
 GUARD = SOURCE / "packaging/guard/sorelapp-guard"
 SHELLS = {"debian": ["dash"], "busybox": ["busybox", "sh"]}
@@ -242,8 +242,12 @@ def test_the_manual_page_tells_of_all_that_can_be_set():
 
 # ---- Keys ----
 
-KEYS = [("c", -signal.SIGINT, "SIGINT"), ("\\", 128 + signal.SIGQUIT, "SIGQUIT"),
-        ("d", 134, "SIGABRT")]
+KEYS = [
+    ("c", -signal.SIGINT, "SIGINT"),
+    pytest.param("\\", 128 + signal.SIGQUIT, "SIGQUIT", marks=pytest.mark.skipif(
+        VALGRIND, reason="valgrind reports signals of the terminal's that dump core")),
+    ("d", 134, "SIGABRT"),
+]
 
 
 @pytest.mark.parametrize("key, status, name", KEYS)
@@ -303,6 +307,7 @@ def test_where_env_cannot_give_the_keys_back_ctrl_c_ends_the_shell_then_too(tmp_
     assert_off(system, last, "was ended by SIGINT")
 
 
+@pytest.mark.skipif(VALGRIND, reason="valgrind lets a read fail that the terminal has stopped")
 def test_ctrl_z_stops_and_fg_goes_on(system):
     terminal = bash(system.folder, system.recorded.variables)
     terminal.expect_exact(BASH_PROMPT)
