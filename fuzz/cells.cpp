@@ -65,6 +65,7 @@ Cells::Cells(std::string title, std::vector<std::string> rows, std::vector<std::
     if (usedCells > mostCells) {
         giveUp("too many cells");
     }
+    counter(first_); // their file is opened before an input runs that could be in the way
     tables.push_back(this);
 }
 

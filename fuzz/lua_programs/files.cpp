@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -179,12 +180,27 @@ int rename(const char *from, const char *to)
     return onFile(renameFile, from, target.empty() ? noFile : target.c_str());
 }
 
+int open(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = va_arg(arguments, mode_t);
+    va_end(arguments);
+    const auto openFile = LIBRARY_FUNCTION(open);
+    if (!programRuns()) {
+        return openFile(path, flags, mode);
+    }
+    const int descriptor = onFile(openFile, path, flags, mode);
+    ownDescriptor(descriptor);
+    return descriptor;
+}
+
 int mkstemp(char *name)
 {
     if (!programRuns()) {
         return LIBRARY_FUNCTION(mkstemp)(name);
     }
-    const int descriptor = open("/dev/null", O_RDWR | O_CLOEXEC);
+    const int descriptor = LIBRARY_FUNCTION(open)("/dev/null", O_RDWR | O_CLOEXEC);
     ownDescriptor(descriptor);
     return descriptor;
 }

@@ -18,7 +18,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <iterator>
 #include <lua.hpp>
 #include <memory>
 #include <sys/time.h>
@@ -124,16 +123,22 @@ void closeWhatIsOpen()
     closeDescriptors();
 }
 
-std::ptrdiff_t countOpen()
+// What is open, by the names that the kernel has for it.
+std::string listOpen()
 {
-    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    std::string list;
+    std::error_code closed; // as the folder itself is, after it is listed
+    for (const auto &entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        list += std::filesystem::read_symlink(entry, closed).string() + '\n';
+    }
+    return list;
 }
 
 // Runs a program in a state of its own.
 End run(const std::string &program)
 {
     const std::string text = header + program;
-    const std::ptrdiff_t open = countOpen();
+    const std::string open = listOpen();
     if (showing) {
         std::fprintf(stderr, "%s\n", text.c_str());
     }
@@ -149,8 +154,8 @@ End run(const std::string &program)
     limitTime(0);
     leaveSandbox();
     closeWhatIsOpen();
-    if (countOpen() != open) {
-        fail("something stays open");
+    if (const std::string left = listOpen(); left != open) {
+        fail(("what is open has changed; before:\n" + open + "after:\n" + left).c_str());
     }
     return end;
 }
