@@ -41,6 +41,14 @@ std::FILE *noteOpened(std::FILE *file)
     return file;
 }
 
+// libFuzzer, which writes down an input while the program that it found a mistake with still runs.
+bool isOfThisProgram(const void *caller)
+{
+    Dl_info own = {};
+    Dl_info of = {};
+    return dladdr(&folder, &own) != 0 && dladdr(caller, &of) != 0 && of.dli_fbase == own.dli_fbase;
+}
+
 // The name of a program's file in the sandbox, which has no folders. Empty where it is none.
 std::string inSandbox(const char *path)
 {
@@ -143,6 +151,9 @@ int pclose(FILE *pipe)
 FILE *fopen(const char *path, const char *mode)
 {
     const auto open = LIBRARY_FUNCTION(fopen);
+    if (isOfThisProgram(__builtin_return_address(0))) {
+        return open(path, mode);
+    }
     return noteOpened(programRuns() ? onFile(open, path, mode) : open(path, mode));
 }
 

@@ -20,6 +20,7 @@ namespace
 constexpr std::size_t mostMemory = std::size_t{32} << 20;
 constexpr int instructionsPerCall = 1000;
 constexpr int mostHookCalls = 300;
+constexpr int mostCollections = 1000;
 
 // Written behind each block: Lua's own code is compiled without a sanitizer, and may be made to
 // write there by a function that pushes more than there is room for.
@@ -27,6 +28,8 @@ constexpr unsigned char seal[8] = {0xa5, 0x5a, 0xc3, 0x3c, 0x96, 0x69, 0xf0, 0x0
 
 std::size_t usedMemory = 0;
 int hookCalls = 0;
+int collections = 0;
+lua_CFunction collectGarbage = nullptr;
 
 bool running = false;
 std::jmp_buf unwindTo;
@@ -73,6 +76,23 @@ void countInstructions(lua_State *, lua_Debug *)
     if (running && ++hookCalls > mostHookCalls) {
         endProgram(End::budget);
     }
+}
+
+// Instructions of finalisers are not counted. Those that make objects with such a finaliser and
+// collect them would go on without end when the state is closed.
+int collectWithinBound(lua_State *L)
+{
+    return ++collections > mostCollections ? 0 : collectGarbage(L);
+}
+
+void boundCollections(lua_State *L)
+{
+    collections = 0;
+    lua_getglobal(L, "collectgarbage");
+    collectGarbage = lua_tocfunction(L, -1);
+    lua_pop(L, 1);
+    lua_pushcfunction(L, collectWithinBound);
+    lua_setglobal(L, "collectgarbage");
 }
 
 int panic(lua_State *L)
@@ -135,6 +155,7 @@ lua_State *startShell()
 
     takeDebugLibraryAway(L);
     excludeStockFaults(L);
+    boundCollections(L);
     lua_sethook(L, countInstructions, LUA_MASKCOUNT, instructionsPerCall);
     return L;
 }
