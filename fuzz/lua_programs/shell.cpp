@@ -7,6 +7,7 @@
 #include "app/opening.h"
 #include "fuzz/lua_programs/stock_faults.h"
 
+#include <algorithm>
 #include <clocale>
 #include <csetjmp>
 #include <cstdio>
@@ -20,18 +21,17 @@ namespace
 constexpr std::size_t mostMemory = std::size_t{32} << 20;
 constexpr int instructionsPerCall = 1000;
 constexpr int mostHookCalls = 300;
-constexpr int mostCollections = 1000;
 
 // Written behind each block: Lua's own code is compiled without a sanitizer, and may be made to
 // write there by a function that pushes more than there is room for.
 constexpr unsigned char seal[8] = {0xa5, 0x5a, 0xc3, 0x3c, 0x96, 0x69, 0xf0, 0x0f};
 
 std::size_t usedMemory = 0;
+std::size_t memoryLimit = mostMemory;
 int hookCalls = 0;
-int collections = 0;
-lua_CFunction collectGarbage = nullptr;
 
 bool running = false;
+bool closing = false;
 std::jmp_buf unwindTo;
 
 [[noreturn]] void giveUp(const char *reason, const char *detail)
@@ -58,7 +58,7 @@ void *allocate(void *, void *block, std::size_t oldSize, std::size_t newSize)
         return nullptr;
     }
     const std::size_t others = usedMemory - (block != nullptr ? oldSize : 0);
-    if (newSize > oldSize && (newSize > mostMemory || others > mostMemory - newSize)) {
+    if (newSize > oldSize && (newSize > memoryLimit || others > memoryLimit - newSize)) {
         return nullptr;
     }
     auto *const moved = static_cast<char *>(std::realloc(block, newSize + sizeof seal));
@@ -76,23 +76,6 @@ void countInstructions(lua_State *, lua_Debug *)
     if (running && ++hookCalls > mostHookCalls) {
         endProgram(End::budget);
     }
-}
-
-// Instructions of finalisers are not counted. Those that make objects with such a finaliser and
-// collect them would go on without end when the state is closed.
-int collectWithinBound(lua_State *L)
-{
-    return ++collections > mostCollections ? 0 : collectGarbage(L);
-}
-
-void boundCollections(lua_State *L)
-{
-    collections = 0;
-    lua_getglobal(L, "collectgarbage");
-    collectGarbage = lua_tocfunction(L, -1);
-    lua_pop(L, 1);
-    lua_pushcfunction(L, collectWithinBound);
-    lua_setglobal(L, "collectgarbage");
 }
 
 int panic(lua_State *L)
@@ -139,12 +122,22 @@ void closeState(lua_State *L, void *)
     lua_close(L);
 }
 
+// Nothing collects garbage meanwhile: see fuzz/stock_lua_faults/collected_while_closed.lua. Lua
+// does so by itself once a finaliser has made its memory twice as large.
+void beginClosing()
+{
+    closing = true;
+    memoryLimit = std::min(mostMemory, 2 * usedMemory - 1);
+}
+
 } // namespace
 
 lua_State *startShell()
 {
     appRadioOpen();
+    closing = false;
     usedMemory = 0;
+    memoryLimit = mostMemory;
     lua_State *const L = lua_newstate(allocate, nullptr);
     appLuaState = L;
     lua_atpanic(L, panic);
@@ -155,7 +148,6 @@ lua_State *startShell()
 
     takeDebugLibraryAway(L);
     excludeStockFaults(L);
-    boundCollections(L);
     lua_sethook(L, countInstructions, LUA_MASKCOUNT, instructionsPerCall);
     return L;
 }
@@ -167,6 +159,7 @@ void endShell(lua_State *L, End end)
     if (whole) {
         whole = runProgram(L, keepLibraries, nullptr) == End::finished;
     }
+    beginClosing();
     // A finaliser can end the program once more; those after it are still called.
     while (runProgram(L, closeState, nullptr) != End::finished) {
         whole = false;
@@ -194,6 +187,11 @@ End runProgram(lua_State *L, void (*work)(lua_State *L, void *argument), void *a
 bool programRuns()
 {
     return running;
+}
+
+bool stateCloses()
+{
+    return closing;
 }
 
 void endProgram(End end)

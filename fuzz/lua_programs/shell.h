@@ -23,6 +23,9 @@ End runProgram(lua_State *L, void (*work)(lua_State *L, void *argument), void *a
 // Whether a program runs, and not the target itself.
 bool programRuns();
 
+// Whether its state is being closed.
+bool stateCloses();
+
 // Ends the program that runs.
 [[noreturn]] void endProgram(End end);
 
