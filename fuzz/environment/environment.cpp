@@ -8,6 +8,7 @@
 #include "fuzz/target.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -309,7 +310,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
         runBoard(variables);
     }
     int status = 0;
-    waitpid(child, &status, 0);
+    while (waitpid(child, &status, 0) == -1 && errno == EINTR) {
+        // libFuzzer looks at the clock now and then, by a signal
+    }
     const std::string written = errors().content();
     check(WIFEXITED(status) && WEXITSTATUS(status) == 0, "the board ends the process");
     const Destination log = destinationOf(variables, logVariable);
