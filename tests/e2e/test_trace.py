@@ -7,7 +7,7 @@ from signal import SIGABRT
 
 import pytest
 from catalogue import FUNCTIONS, call, names
-from shell import COMMAND, SECONDS, SIMULATION, environment, run
+from shell import COMMAND, SECONDS, SIMULATION, VALGRIND, environment, run
 
 INIT = "radioInit(RADIO_CONF_MIMO, RADIO_MODE_4GENODEB_FDD_20MHZ, RADIO_BAND_7)"
 SESSION = f"radioSelectPlatform(RADIO_PLATFORM_TALWIN) {INIT} radioSetTxFrequency(2655000000)"
@@ -184,7 +184,7 @@ def test_a_full_disk_is_said_once_and_work_goes_on():
     assert ran.err == "libsorel: SOREL_SIM_TRACE: cannot write: No space left on device\n"
 
 
-@pytest.mark.skipif("valgrind" in COMMAND, reason="there valgrind's own file takes that place")
+@pytest.mark.skipif(VALGRIND, reason="there valgrind's own file takes that place")
 def test_the_file_never_takes_the_place_of_a_standard_one(trace):
     # The shell runs without standard output and error: what it prints must not end up in the trace.
     text = "print('lost') io.stderr:write('lost') radioReset()"
